@@ -1,0 +1,54 @@
+#include "app/Placement.h"
+
+#include "core/Session.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <QWidget>
+
+namespace {
+QScreen *ScreenOf(const QWidget *w)
+{
+    QScreen *s = w ? w->screen() : nullptr;
+    return s ? s : QGuiApplication::primaryScreen();
+}
+} // namespace
+
+namespace Placement {
+
+int TwipsToPixels(int twips, const QWidget *reference)
+{
+    QScreen *s = ScreenOf(reference);
+    const double dpi = s ? s->logicalDotsPerInchX() : 96.0;
+    return int(twips * dpi / 1440.0 + 0.5);
+}
+
+void CentreForm(QWidget *window)
+{
+    QScreen *s = ScreenOf(window);
+    if (!s)
+        return;
+    const QRect screen = s->geometry();
+    const QSize size = window->frameGeometry().size();
+    window->move(screen.x() + (screen.width() - size.width()) / 2, screen.y() + (screen.height() - size.height()) / 2);
+}
+
+void PlaceEditor(Session &session, QWidget *editor, const QWidget *mainWindow)
+{
+    if (++session.PlacementStep > 10)
+        session.PlacementStep = 0;
+    const int step = TwipsToPixels(240, mainWindow) * (session.PlacementStep + 2);
+    const QPoint corner = mainWindow ? mainWindow->frameGeometry().topLeft() : QPoint(0, 0);
+    int left = corner.x() + step;
+    int top = corner.y() + step;
+    QScreen *s = ScreenOf(mainWindow);
+    const QRect screen = s ? s->geometry() : QRect(0, 0, 1024, 768);
+    const QSize size = editor->frameGeometry().size();
+    if (left + size.width() > screen.right() + 1)
+        left = screen.right() + 1 - size.width();
+    if (top + size.height() > screen.bottom() + 1)
+        top = screen.bottom() + 1 - size.height();
+    editor->move(left, top);
+}
+
+} // namespace Placement

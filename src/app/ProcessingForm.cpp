@@ -1,0 +1,24 @@
+#include "app/ProcessingForm.h"
+
+#include "app/Placement.h"
+
+#include <QLabel>
+#include <QProgressBar>
+#include <QVBoxLayout>
+
+ProcessingForm::ProcessingForm(QWidget *parent) : QWidget(parent, Qt::Tool | Qt::WindowTitleHint)
+{
+    setObjectName(QStringLiteral("ProcessingForm"));
+    setWindowTitle(QStringLiteral("Please Wait"));
+    auto *layout = new QVBoxLayout(this);
+    StatusLabel = new QLabel(QStringLiteral("Thinking ..."), this);
+    StatusLabel->setObjectName(QStringLiteral("StatusLabel"));
+    ProgressBar = new QProgressBar(this);
+    ProgressBar->setObjectName(QStringLiteral("ProgressBar"));
+    ProgressBar->setRange(0, 100);
+    ProgressBar->setValue(0);
+    layout->addWidget(StatusLabel);
+    layout->addWidget(ProgressBar);
+    resize(320, 90);
+    Placement::CentreForm(this);
+}

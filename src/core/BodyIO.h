@@ -1,0 +1,29 @@
+#pragma once
+#include "core/GenomeImage.h"
+
+#include <QString>
+#include <array>
+#include <optional>
+
+// A state variable rule: 12 token indices, or absent in a gene nobody gave a rule.
+using StateRule = std::optional<std::array<quint8, 12>>;
+
+// Walks a gene body in file order, in one direction. Each gene class describes its body
+// once, as a sequence of calls on a BodyIO; reading folds every byte into the range given
+// (a range may depend on a field just read), writing stores the members unchanged.
+class BodyIO
+{
+public:
+    BodyIO(GenomeImage &image, bool reading, bool olderFormat)
+        : image(image), reading(reading), olderFormat(olderFormat) {}
+
+    GenomeImage &image;
+    const bool reading;
+    const bool olderFormat; // only ever true while reading
+
+    void Byte(quint8 &value, int lo = 0, int hi = 255);
+    // Rules are 12 bytes, 8 in the older format (read only).
+    void Rule(StateRule &rule);       // GetStateRule / PutStateRule
+    // A fixed-length single-byte string, each byte read in lo..hi.
+    void Chars(QString &text, int length, int lo = 0, int hi = 255);
+};

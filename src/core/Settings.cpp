@@ -1,0 +1,96 @@
+// The workbench's preferences (per-user store) and the game's own values (read-only,
+// machine-wide), both through QSettings in INI format.
+#include "core/Session.h"
+#include "core/Text.h"
+
+#include <QSettings>
+
+namespace {
+const QString Application = QStringLiteral("Helixbench 2");
+const QString Section = QStringLiteral("Preferences");
+
+QString PreferenceKey(const QString &name) { return Section + QLatin1Char('/') + name; }
+} // namespace
+
+void Session::LoadSettings()
+{
+    QSettings store(QSettings::IniFormat, QSettings::UserScope, Application);
+    auto read = [&](const QString &name, const QString &fallback) {
+        return store.value(PreferenceKey(name), fallback).toString();
+    };
+    UseDefaultCaptions = read(QStringLiteral("Use Default Captions"), QStringLiteral("0"));
+    CompatibilityMode = read(QStringLiteral("Compatibility"), QStringLiteral("0"));
+    RegistryCompany = read(QStringLiteral("Company"), QStringLiteral("Kelmoth Technology"));
+    RegistryVersion = read(QStringLiteral("Version"), QStringLiteral("1.0"));
+    RegistryProduct = read(QStringLiteral("Product"), QStringLiteral("Arkenfold 2"));
+    LastGenomeDirectory.clear();
+}
+
+bool Session::SaveSettings()
+{
+    QSettings store(QSettings::IniFormat, QSettings::UserScope, Application);
+    store.setValue(PreferenceKey(QStringLiteral("Compatibility")), CompatibilityMode);
+    store.setValue(PreferenceKey(QStringLiteral("Use Default Captions")), UseDefaultCaptions);
+    store.setValue(PreferenceKey(QStringLiteral("Company")), RegistryCompany);
+    store.setValue(PreferenceKey(QStringLiteral("Version")), RegistryVersion);
+    store.setValue(PreferenceKey(QStringLiteral("Product")), RegistryProduct);
+    store.sync();
+    switch (store.status()) {
+    case QSettings::NoError:
+        return true;
+    case QSettings::AccessError:
+        ShowFault(75, QStringLiteral("Path/File access error: ") + store.fileName(),
+                  QStringLiteral("Error saving registry settings"));
+        return false;
+    case QSettings::FormatError:
+        ShowFault(5, QStringLiteral("Invalid procedure call or argument: ") + store.fileName(),
+                  QStringLiteral("Error saving registry settings"));
+        return false;
+    }
+    return false;
+}
+
+QString Session::ReadGameSetting(const QString &name)
+{
+    // The key "Software\Company\Product\Version" lives in the game's own system-wide
+    // settings file: <Company>/<Product>.ini, group <Version>.
+    QSettings key(QSettings::IniFormat, QSettings::SystemScope, RegistryCompany, RegistryProduct);
+    if (RegistryCompany.isEmpty() || RegistryProduct.isEmpty() || key.status() != QSettings::NoError)
+        return ErrorMark;
+    const QVariant value = key.value(RegistryVersion + QLatin1Char('/') + name);
+    if (!value.isValid())
+        return ErrorMark;
+    const QString text = value.toString();
+    // The value and its terminator must fit a buffer of 100 bytes.
+    if (text.toLocal8Bit().size() >= 100)
+        return ErrorMark;
+    return text;
+}
+
+QString Session::NormalisePath(const QString &text)
+{
+    QString path = text;
+    for (int i = 0; i < path.size(); ++i)
+        if (path[i].unicode() < 32) {
+            path.truncate(i);
+            break;
+        }
+    if (!path.endsWith(QLatin1Char('/')))
+        path += QLatin1Char('/');
+    return path;
+}
+
+void Session::WelcomeFirstRun()
+{
+    QSettings store(QSettings::IniFormat, QSettings::UserScope, Application);
+    const QString installed = store.value(PreferenceKey(QStringLiteral("Installed")), QStringLiteral("no")).toString();
+    if (installed == QLatin1String("no"))
+        ShowInfo(QStringLiteral("Welcome to the Helixbench!") + Text::CRLF + Text::CRLF
+                 + QStringLiteral("Please note that you can get help on the Helixbench using") + Text::CRLF
+                 + QStringLiteral("the F1 key. There is a substantial amount of information") + Text::CRLF
+                 + QStringLiteral("there specifically designed to help beginners. All you need") + Text::CRLF
+                 + QStringLiteral("is a little patience. (Nature took 3.7 billion years to come") + Text::CRLF
+                 + QStringLiteral("up with us, after all!) Enjoy!"));
+    store.setValue(PreferenceKey(QStringLiteral("Installed")), QStringLiteral("yes"));
+    store.sync(); // failures of the store are ignored here
+}

@@ -1,0 +1,206 @@
+#include "views/HelixbenchForm.h"
+
+#include "app/Placement.h"
+#include "core/Gene.h"
+#include "core/Session.h"
+#include "settings/frmOptions.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDir>
+#include <QGroupBox>
+#include <QLabel>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+HelixbenchForm::HelixbenchForm(Session &s, QWidget *parent) : QMainWindow(parent), session(s)
+{
+    setObjectName(QStringLiteral("HelixbenchForm"));
+    setWindowTitle(Session::Title);
+    BuildTabs();
+    BuildMenus();
+    BuildStatusBar();
+    resize(760, 560);
+
+    connect(&session, &Session::StatusPanelChanged, this, [this](int panel, const QString &text) {
+        if (panel >= 1 && panel <= 3)
+            StatusPanel[panel]->setText(text);
+    });
+    connect(&session, &Session::MainTitleChanged, this, &QWidget::setWindowTitle);
+}
+
+template <typename F>
+QAction *HelixbenchForm::AddAction(QMenu *menu, const char *name, const QString &caption, F slot)
+{
+    QAction *a = menu->addAction(caption);
+    a->setObjectName(QString::fromLatin1(name));
+    connect(a, &QAction::triggered, this, slot);
+    return a;
+}
+
+void HelixbenchForm::BuildTabs()
+{
+    SSTab1 = new QTabWidget(this);
+    SSTab1->setObjectName(QStringLiteral("SSTab1"));
+    SSTab1->addTab(BuildCoverTab(), QStringLiteral("Cover"));
+    const struct { const char *caption, *frame, *frameTitle; } later[] = {
+        {"Genotype", "GT_frame1", "Genetic Breakdown"},
+        {"Gene Editor", "GE_frame", "Gene Layout by Number"},
+        {"Organ View", "OV_frame", "Gene Layout by Organ"},
+        {"Biochemistry", "BC_frame", "Chemical List"},
+        {"Poses", "PO_frame", "Pose List"},
+        {"Export", "IC_frame", "Interface Control"},
+    };
+    for (const auto &t : later) {
+        auto *page = new QWidget;
+        auto *layout = new QVBoxLayout(page);
+        auto *frame = new QGroupBox(QString::fromLatin1(t.frameTitle), page);
+        frame->setObjectName(QString::fromLatin1(t.frame));
+        layout->addWidget(frame);
+        SSTab1->addTab(page, QString::fromLatin1(t.caption));
+    }
+    setCentralWidget(SSTab1);
+}
+
+QWidget *HelixbenchForm::BuildCoverTab()
+{
+    auto *page = new QWidget;
+    auto *outer = new QVBoxLayout(page);
+    auto *frame = new QGroupBox(page);
+    frame->setObjectName(QStringLiteral("TP_frame"));
+    auto *layout = new QVBoxLayout(frame);
+
+    auto *title = new QLabel(QStringLiteral("Helixbench"), frame);
+    title->setObjectName(QStringLiteral("Label1"));
+    QFont big = title->font();
+    big.setPointSize(big.pointSize() * 3);
+    big.setBold(true);
+    title->setFont(big);
+    title->setAlignment(Qt::AlignCenter);
+
+    auto *subtitle = new QLabel(QStringLiteral("For Arkenfold 2"), frame);
+    subtitle->setObjectName(QStringLiteral("Label9"));
+    subtitle->setAlignment(Qt::AlignCenter);
+
+    auto *image = new QLabel(frame);
+    image->setObjectName(QStringLiteral("Image1"));
+    image->setAlignment(Qt::AlignCenter);
+    image->setPixmap(QPixmap(QStringLiteral(":/cover.png")));
+
+    VersionLabel = new QLabel(QStringLiteral("VERSION"), frame);
+    VersionLabel->setObjectName(QStringLiteral("VersionLabel"));
+    VersionLabel->setAlignment(Qt::AlignCenter);
+
+    auto *load = new QPushButton(QStringLiteral("&Load Genome"), frame);
+    load->setObjectName(QStringLiteral("LoadGeneCommand"));
+    connect(load, &QPushButton::clicked, this, [this] { session.LoadGenome(); });
+
+    layout->addStretch();
+    layout->addWidget(title);
+    layout->addWidget(subtitle);
+    layout->addWidget(image);
+    layout->addWidget(VersionLabel);
+    layout->addStretch();
+    layout->addWidget(load, 0, Qt::AlignHCenter);
+    outer->addWidget(frame);
+    return page;
+}
+
+void HelixbenchForm::BuildMenus()
+{
+    gappFile = menuBar()->addMenu(QStringLiteral("&File"));
+    gappFile->setObjectName(QStringLiteral("gappFile"));
+    AddAction(gappFile, "gappfNewGenome", QStringLiteral("New Genome"), [this] {
+        if (session.AbandonGenome())
+            session.NewGenome();
+    });
+    AddAction(gappFile, "gappfLoadGenome", QStringLiteral("Load Genome"), [this] { session.LoadGenome(); });
+    AddAction(gappFile, "gappfSaveGenomeAs", QStringLiteral("Save Genome As"), [this] { session.SaveGenomeAs(); });
+    gappFile->addSeparator()->setObjectName(QStringLiteral("sep1"));
+    AddAction(gappFile, "gappfQuit", QStringLiteral("Quit"), [this] { close(); });
+
+    gappAdvanced = menuBar()->addMenu(QStringLiteral("Advanced"));
+    gappAdvanced->setObjectName(QStringLiteral("gappAdvanced"));
+    AddAction(gappAdvanced, "gappaAdvancedOptions", QStringLiteral("Advanced Options"), [this] { OpenOptions(); });
+
+    gappWindow = menuBar()->addMenu(QStringLiteral("Window"));
+    gappWindow->setObjectName(QStringLiteral("gappWindow"));
+    AddAction(gappWindow, "gappwCloseAll", QStringLiteral("Close all Gene Windows"), [this] { session.CloseAllViews(); });
+}
+
+void HelixbenchForm::BuildStatusBar()
+{
+    QStatusBar *bar = statusBar();
+    bar->setObjectName(QStringLiteral("StatusBar"));
+    for (int i = 1; i <= 3; ++i) {
+        StatusPanel[i] = new QLabel(session.StatusPanel[i], bar);
+        StatusPanel[i]->setObjectName(QStringLiteral("StatusBar_%1").arg(i));
+        StatusPanel[i]->setFrameShape(QFrame::Panel);
+        StatusPanel[i]->setFrameShadow(QFrame::Sunken);
+        bar->addPermanentWidget(StatusPanel[i], i == 3 ? 0 : 1);
+    }
+}
+
+void HelixbenchForm::Startup(const QString &appDirectory)
+{
+    SSTab1->setCurrentIndex(0);
+    session.AppDirectory = appDirectory;
+    QDir::setCurrent(appDirectory);
+    session.BuildReferenceTables();
+    session.WelcomeFirstRun();
+    session.PlacementStep = 999;
+    session.ChemicalsChanged = session.PosesChanged = session.ScriptsChanged = false;
+    session.HelpFile = session.AppDirectory + (session.AppDirectory.endsWith(QLatin1Char('/')) ? QString() : QStringLiteral("/"))
+                       + QStringLiteral("Helixbench.hlp");
+    session.LoadSettings();
+    Placement::CentreForm(this);
+    VersionLabel->setText(QStringLiteral("3.42 mc-c"));
+    session.QuitConfirm = true;
+}
+
+void HelixbenchForm::OpenOptions()
+{
+    auto *dialog = new frmOptions(session, this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->show();
+}
+
+bool HelixbenchForm::ConfirmQuit()
+{
+    if (!session.QuitConfirm)
+        return true;
+    if (session.ShowMessage(QStringLiteral("Are you sure you wish to quit?"), 35) != Prompt::Yes)
+        return false;
+    const struct { bool changed; const char *question; bool (NameLists::*save)(); } lists[] = {
+        {session.ChemicalsChanged, "The Chemical list has changed. Save changes?", &NameLists::SaveChemicalList},
+        {session.PosesChanged, "The Pose list has changed. Save changes?", &NameLists::SavePoseList},
+        {session.ScriptsChanged, "The macro script list has changed. Save changes?", &NameLists::SaveScriptList},
+    };
+    for (const auto &l : lists) {
+        if (!l.changed)
+            continue;
+        const int answer = session.ShowMessage(QString::fromLatin1(l.question), 35);
+        if (answer == Prompt::Cancel)
+            return false;
+        if (answer == Prompt::Yes)
+            (session.Lists.*l.save)();
+    }
+    session.CloseAllViews();
+    for (QWidget *w : QApplication::topLevelWidgets())
+        if (w != this && w->isVisible())
+            w->close();
+    session.SaveSettings();
+    return true;
+}
+
+void HelixbenchForm::closeEvent(QCloseEvent *event)
+{
+    if (ConfirmQuit())
+        event->accept();
+    else
+        event->ignore();
+}

@@ -1,0 +1,11 @@
+#pragma once
+#include <QByteArray>
+#include <QString>
+
+// The one place where single-byte text of the files (captions, names, monikers, pose
+// strings) turns into QString and back. Windows-1252: all 256 byte values survive a
+// round trip.
+namespace SingleByteText {
+QString Decode(const QByteArray &bytes);
+QByteArray Encode(const QString &text);
+}
