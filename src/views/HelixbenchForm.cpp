@@ -3,7 +3,13 @@
 #include "app/Placement.h"
 #include "core/Gene.h"
 #include "core/Session.h"
+#include "link/ExportTab.h"
 #include "settings/frmOptions.h"
+#include "views/ChemicalTab.h"
+#include "views/GeneEditorTab.h"
+#include "views/GenotypeTab.h"
+#include "views/OrganViewTab.h"
+#include "views/PoseTab.h"
 
 #include <QAction>
 #include <QApplication>
@@ -47,22 +53,12 @@ void HelixbenchForm::BuildTabs()
     SSTab1 = new QTabWidget(this);
     SSTab1->setObjectName(QStringLiteral("SSTab1"));
     SSTab1->addTab(BuildCoverTab(), QStringLiteral("Cover"));
-    const struct { const char *caption, *frame, *frameTitle; } later[] = {
-        {"Genotype", "GT_frame1", "Genetic Breakdown"},
-        {"Gene Editor", "GE_frame", "Gene Layout by Number"},
-        {"Organ View", "OV_frame", "Gene Layout by Organ"},
-        {"Biochemistry", "BC_frame", "Chemical List"},
-        {"Poses", "PO_frame", "Pose List"},
-        {"Export", "IC_frame", "Interface Control"},
-    };
-    for (const auto &t : later) {
-        auto *page = new QWidget;
-        auto *layout = new QVBoxLayout(page);
-        auto *frame = new QGroupBox(QString::fromLatin1(t.frameTitle), page);
-        frame->setObjectName(QString::fromLatin1(t.frame));
-        layout->addWidget(frame);
-        SSTab1->addTab(page, QString::fromLatin1(t.caption));
-    }
+    SSTab1->addTab(new GenotypeTab(session, *this), QStringLiteral("Genotype"));
+    SSTab1->addTab(new GeneEditorTab(session, *this), QStringLiteral("Gene Editor"));
+    SSTab1->addTab(new OrganViewTab(session, *this), QStringLiteral("Organ View"));
+    SSTab1->addTab(new ChemicalTab(session, *this), QStringLiteral("Biochemistry"));
+    SSTab1->addTab(new PoseTab(session, *this), QStringLiteral("Poses"));
+    SSTab1->addTab(new ExportTab(session, *this), QStringLiteral("Export"));
     setCentralWidget(SSTab1);
 }
 

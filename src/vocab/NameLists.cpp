@@ -2,8 +2,7 @@
 
 #include "core/Session.h"
 
-// The list files come with the vocabularies work; until then the lists start empty and
-// nothing is written.
+// Placeholder until the list files are built: the lists start empty and nothing is written.
 void NameLists::LoadChemicalList() {}
 void NameLists::LoadPoseList() {}
 void NameLists::LoadScriptList() {}

@@ -1,25 +1,22 @@
 #pragma once
 #include <QString>
-#include <QVector>
+#include <array>
 
 class Session;
 
-// One name list: entries of a name and a description, as the list files hold them.
-struct NameList
-{
-    QVector<QString> Names;
-    QVector<QString> Descriptions;
-};
-
-// The chemical, pose and script lists and their files.
+// The chemical, pose and script name lists and their files. The last entry of each array
+// is never shown or edited; it travels through the file as it was read.
 class NameLists
 {
 public:
+    static constexpr int ListEntries = 257;  // chemicals and poses: 0..255 in use
+    static constexpr int ScriptEntries = 21; // scripts: 0..19 in use
+
     explicit NameLists(Session &session) : session(session) {}
 
-    NameList ChemicalList;
-    NameList PoseList;
-    NameList ScriptList;
+    std::array<QString, ListEntries> ChemicalNames, ChemicalCaptions;
+    std::array<QString, ListEntries> PoseNames, PoseCaptions;
+    std::array<QString, ScriptEntries> ScriptNames, ScriptMacros, ScriptResults;
 
     void LoadChemicalList();
     void LoadPoseList();
