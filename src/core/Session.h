@@ -3,6 +3,7 @@
 #include "core/GenomeImage.h"
 #include "core/Prompt.h"
 #include "vocab/CaptionStore.h"
+#include "vocab/MutationTemplate.h"
 #include "vocab/NameLists.h"
 #include "vocab/ReferenceTables.h"
 
@@ -118,6 +119,7 @@ public:
     ::CaptionStore CaptionStore{*this};
     ::NameLists Lists{*this};
     ::ReferenceTables Tables;
+    ::MutationTemplate Template{*this};
 
 signals:
     void ViewsRefreshRequested();
