@@ -130,4 +130,8 @@ signals:
     void GenomeWindowsMustClose();
     // The genotype summary's per-kind counters start again from 0 (a new genome).
     void GenotypeCountersReset();
+    // Start-up, once the lists are loaded: fill the chemical and pose views with their counts.
+    void ListViewsMustFill();
+    // Start-up, right after: fill the script view and its label and the egg controls.
+    void ExportViewsMustFill();
 };
