@@ -58,5 +58,3 @@ void Session::SetMainTitle(const QString &text)
 void Session::RefreshViews() { emit ViewsRefreshRequested(); }
 
 void Session::RefreshGeneRow(int numericId) { emit GeneRowChanged(numericId); }
-
-void Session::BuildReferenceTables() { Tables.Build(); }

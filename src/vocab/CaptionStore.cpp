@@ -1,12 +1,124 @@
 #include "vocab/CaptionStore.h"
 
+#include "core/Gene.h"
 #include "core/Session.h"
+#include "core/genes/BodyGenes.h"
+#include "vocab/FileNames.h"
+#include "vocab/SingleByteText.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+namespace {
+
+const QString NoCaption = QStringLiteral("<no caption>");
+const QString NoAnnotation = QStringLiteral("<no annotation>");
+
+// Fault numbers and descriptions as the user sees them in a fault message.
+const CaptionStore::Fault PastEnd{62, QStringLiteral("Input past end of file")};
+const CaptionStore::Fault DeviceError{57, QStringLiteral("Device I/O error")};
+const CaptionStore::Fault WrongTag{13, QStringLiteral("Type mismatch")};
+const CaptionStore::Fault NotFound{53, QStringLiteral("File not found")};
+const CaptionStore::Fault AccessError{75, QStringLiteral("Path/File access error")};
+const CaptionStore::Fault Denied{70, QStringLiteral("Permission denied")};
+const CaptionStore::Fault DiskFull{61, QStringLiteral("Disk full")};
+const CaptionStore::Fault BadName{52, QStringLiteral("Bad file name or number")};
+
+CaptionStore::Fault FaultOf(QFileDevice::FileError error)
+{
+    switch (error) {
+    case QFileDevice::PermissionsError:
+        return Denied;
+    case QFileDevice::ResourceError:
+        return DiskFull;
+    case QFileDevice::ReadError:
+    case QFileDevice::WriteError:
+        return DeviceError;
+    default:
+        return AccessError;
+    }
+}
+
+// Little-endian fields from a device. The first short or failed read sets the fault, and
+// every later read then fails too.
+class FieldReader
+{
+public:
+    explicit FieldReader(QIODevice &in) : in(in) {}
+    CaptionStore::Fault fault;
+    bool Ok() const { return fault.number == 0; }
+
+    quint16 U16()
+    {
+        char b[2];
+        if (!Take(b, 2))
+            return 0;
+        return quint16(quint8(b[0]) | (quint8(b[1]) << 8));
+    }
+    qint16 S16() { return qint16(U16()); }
+
+    QByteArray Bytes(int count)
+    {
+        QByteArray b(count, '\0');
+        if (!Take(b.data(), count))
+            return {};
+        return b;
+    }
+
+private:
+    QIODevice &in;
+
+    bool Take(char *to, qint64 count)
+    {
+        if (!Ok())
+            return false;
+        qint64 got = 0;
+        while (got < count) {
+            const qint64 n = in.read(to + got, count - got);
+            if (n < 0) {
+                fault = DeviceError;
+                return false;
+            }
+            if (n == 0)
+                break;
+            got += n;
+        }
+        if (got != count) {
+            fault = PastEnd;
+            return false;
+        }
+        return true;
+    }
+};
+
+void PutU16(QByteArray &out, quint16 v)
+{
+    out.append(char(v & 0xFF));
+    out.append(char(v >> 8));
+}
+
+// A text field: its byte length, then its bytes. The length field holds at most 65535, so
+// a longer text is cut there rather than spoil every field behind it.
+void PutText(QByteArray &out, const QString &text)
+{
+    QByteArray bytes = text.isEmpty() ? QByteArray() : SingleByteText::Encode(text);
+    if (bytes.size() > CaptionStore::MaxTextBytes)
+        bytes.truncate(CaptionStore::MaxTextBytes);
+    PutU16(out, quint16(bytes.size()));
+    out.append(bytes);
+}
+
+} // namespace
+
+CaptionStore::CaptionStore(Session &session) : session(session), table(Records) {}
 
 int CaptionStore::Find(int type, int subType, int id) const
 {
-    for (int i = 0; i < CaptionCount && i < records.size(); ++i) {
-        const Record &r = records[i];
-        if (r.type == type && r.subType == subType && r.id == id)
+    const int count = qBound(0, int(CaptionCount), int(Records));
+    for (int i = 0; i < count; ++i) {
+        const CaptionRecord &r = table[i];
+        if (r.GeneType == type && r.GeneSubType == subType && r.ID == id)
             return i;
     }
     return -1;
@@ -15,43 +127,226 @@ int CaptionStore::Find(int type, int subType, int id) const
 QString CaptionStore::GetCaption(int type, int subType, int id) const
 {
     const int i = Find(type, subType, id);
-    return i < 0 ? QString() : records[i].caption;
-}
-
-void CaptionStore::SetCaption(int type, int subType, int id, const QString &caption)
-{
-    int i = Find(type, subType, id);
-    if (i < 0) {
-        if (CaptionCount >= InUse)
-            return;
-        records.resize(CaptionCount + 1);
-        i = CaptionCount++;
-        records[i] = Record{type, subType, id, QString(), QString()};
-    }
-    records[i].caption = caption;
+    return i < 0 ? NoCaption : table[i].Caption;
 }
 
 QString CaptionStore::GetAnnotation(int type, int subType, int id) const
 {
     const int i = Find(type, subType, id);
-    return i < 0 ? QString() : records[i].annotation;
+    return i < 0 ? NoAnnotation : table[i].Annotation;
+}
+
+void CaptionStore::SetCaption(int type, int subType, int id, const QString &caption)
+{
+    Store(type, subType, id, caption, false);
 }
 
 void CaptionStore::SetAnnotation(int type, int subType, int id, const QString &annotation)
 {
-    int i = Find(type, subType, id);
-    if (i < 0) {
-        SetCaption(type, subType, id, QString());
-        i = Find(type, subType, id);
-        if (i < 0)
-            return;
-    }
-    records[i].annotation = annotation;
+    Store(type, subType, id, annotation, true);
 }
 
-// The caption files come with the vocabularies work; until then a genome loads without
-// captions and saves none.
-void CaptionStore::LoadUniqueCaptions(const QString &) {}
-void CaptionStore::LoadDefaultCaptions() {}
-void CaptionStore::SaveUniqueCaptions(const QString &) {}
-void CaptionStore::SaveDefaultCaptions() {}
+void CaptionStore::Store(int type, int subType, int id, const QString &text, bool annotation)
+{
+    // A full store refuses even a change to a record it has: the test comes first.
+    if (CaptionCount >= InUse) {
+        session.ShowError(annotation ? QStringLiteral("SetAnnotation(): No more room in the caption system")
+                                     : QStringLiteral("SetCaption(): No more room in the caption system"));
+        return;
+    }
+    const int i = Find(type, subType, id);
+    if (i >= 0) {
+        (annotation ? table[i].Annotation : table[i].Caption) = text;
+        return;
+    }
+    if (CaptionCount < 0)
+        CaptionCount = 0;
+    CaptionRecord &r = table[CaptionCount];
+    r.GeneType = qint16(type);
+    r.GeneSubType = qint16(subType);
+    r.ID = qint16(id);
+    r.Caption = annotation ? QString() : text;
+    r.Annotation = annotation ? text : QString();
+    ++CaptionCount;
+}
+
+QString CaptionStore::DefaultCaptionFileName() const
+{
+    const Gene *first = session.GeneAt(0);
+    int genus = -1;
+    if (const auto *species = dynamic_cast<const clsSpecies *>(first))
+        genus = species->Genus;
+    else if (const auto *appearance = dynamic_cast<const clsAppearance *>(first))
+        genus = appearance->Genus;
+    const QStringList &names = session.Tables.SpeciesNames;
+    if (genus < 0 || genus >= names.size())
+        return QString();
+    return names[genus] + QStringLiteral(".GNO");
+}
+
+QString CaptionStore::UniqueCaptionFileName(const QString &genomeFile)
+{
+    // The test is case-sensitive: "pet.GEN" is no genome name here.
+    if (!genomeFile.endsWith(QLatin1String(".gen"), Qt::CaseSensitive))
+        return QString();
+    return genomeFile.left(genomeFile.size() - 4) + QStringLiteral(".gno");
+}
+
+QString CaptionStore::DefaultCaptionPath(const QString &name) const
+{
+    // Default files live in the program's folder; a name in another case is the same file.
+    return FileNames::ResolveFileName(session.AppDirectory, name);
+}
+
+// --- reading ------------------------------------------------------------------------------
+
+CaptionStore::Fault CaptionStore::Read(QIODevice &in)
+{
+    FieldReader r(in);
+    const quint16 tag = r.U16();
+    const qint16 count = r.S16();
+    if (!r.Ok())
+        return r.fault;
+    if (tag != FileTag)
+        return WrongTag;
+
+    // The file replaces the whole table. Records come in whole or not at all, and the count
+    // never reaches past the records that arrived, so a short file leaves a consistent store.
+    for (CaptionRecord &rec : table)
+        rec = CaptionRecord();
+    CaptionCount = 0;
+    const qint16 wanted = qint16(qBound(0, int(count), int(InUse)));
+
+    for (int i = 0; i < Records; ++i) {
+        CaptionRecord rec;
+        rec.GeneType = r.S16();
+        rec.GeneSubType = r.S16();
+        rec.ID = r.S16();
+        r.U16(); // reserved
+        const QByteArray caption = r.Bytes(r.U16());
+        const QByteArray annotation = r.Bytes(r.U16());
+        if (!r.Ok()) {
+            CaptionCount = qint16(qMin(int(wanted), i));
+            return r.fault;
+        }
+        // Most records are empty: skip the converter for them.
+        if (!caption.isEmpty())
+            rec.Caption = SingleByteText::Decode(caption);
+        if (!annotation.isEmpty())
+            rec.Annotation = SingleByteText::Decode(annotation);
+        table[i] = rec;
+    }
+    CaptionCount = wanted;
+    return Fault();
+}
+
+void CaptionStore::ReadCaptionFile(const QString &path, const QString &shownName)
+{
+    Fault fault;
+    QFile file(path);
+    if (!QFileInfo::exists(path))
+        fault = NotFound;
+    else if (!file.open(QIODevice::ReadOnly))
+        fault = FaultOf(file.error());
+    else
+        fault = Read(file);
+    if (fault.number != 0)
+        session.ShowFault(fault.number, fault.description,
+                          QStringLiteral("Error reading caption file '") + shownName + QStringLiteral("'"));
+}
+
+void CaptionStore::LoadDefaultCaptions()
+{
+    const QString name = DefaultCaptionFileName();
+    if (name.isEmpty()) {
+        // A genome with no genus gene at its head (an empty one, say) has no species file to
+        // fall back on: its genes simply have no captions yet, which is nothing to warn about.
+        CaptionCount = 0;
+        return;
+    }
+    ReadCaptionFile(DefaultCaptionPath(name), name);
+}
+
+void CaptionStore::LoadUniqueCaptions(const QString &genomeFile)
+{
+    const QString unique = UniqueCaptionFileName(genomeFile);
+    if (unique.isEmpty()) {
+        CaptionCount = 0;
+        session.ShowError(QStringLiteral("Can't load unique caption file: bad genome filename"));
+        return;
+    }
+    const QString path = FileNames::ResolveFilePath(unique);
+    if (!QFileInfo::exists(path)) {
+        const QString name = DefaultCaptionFileName();
+        session.SetStatusPanel(2, QStringLiteral("(No unique: Using default '") + name + QStringLiteral("')"));
+        LoadDefaultCaptions();
+        return;
+    }
+    ReadCaptionFile(path, unique);
+}
+
+// --- writing ------------------------------------------------------------------------------
+
+QByteArray CaptionStore::FileBytes() const
+{
+    QByteArray out;
+    out.reserve(4 + Records * 12);
+    PutU16(out, FileTag);
+    PutU16(out, quint16(CaptionCount));
+    for (const CaptionRecord &rec : table) {
+        PutU16(out, quint16(rec.GeneType));
+        PutU16(out, quint16(rec.GeneSubType));
+        PutU16(out, quint16(rec.ID));
+        PutU16(out, 0);
+        PutText(out, rec.Caption);
+        PutText(out, rec.Annotation);
+    }
+    return out;
+}
+
+void CaptionStore::WriteCaptionFile(const QString &path, const QString &shownName)
+{
+    QByteArray bytes = FileBytes();
+
+    // The file is overwritten from its first byte and never shortened: the bytes of an older,
+    // longer file behind the new content stay where they were. The new content goes to a
+    // temporary file first, so that a failure leaves the old file whole.
+    QFile old(path);
+    if (old.open(QIODevice::ReadOnly) && old.size() > bytes.size() && old.seek(bytes.size()))
+        bytes.append(old.readAll());
+    old.close();
+
+    Fault fault;
+    QSaveFile file(path);
+    file.setDirectWriteFallback(true);
+    if (!file.open(QIODevice::WriteOnly)) {
+        fault = FaultOf(file.error());
+    } else if (file.write(bytes) != bytes.size()) {
+        fault = FaultOf(file.error());
+        file.cancelWriting();
+    } else if (!file.commit()) {
+        fault = FaultOf(file.error());
+    }
+    if (fault.number != 0)
+        session.ShowFault(fault.number, fault.description, QStringLiteral("Error saving caption file ") + shownName);
+}
+
+void CaptionStore::SaveDefaultCaptions()
+{
+    const QString name = DefaultCaptionFileName();
+    if (name.isEmpty()) {
+        session.ShowFault(BadName.number, BadName.description, QStringLiteral("Error saving caption file ") + name);
+        return;
+    }
+    WriteCaptionFile(DefaultCaptionPath(name), name);
+}
+
+void CaptionStore::SaveUniqueCaptions(const QString &genomeFile)
+{
+    const QString unique = UniqueCaptionFileName(genomeFile);
+    if (unique.isEmpty()) {
+        session.ShowError(QStringLiteral("Can't save unique caption file: bad genome filename"));
+        return;
+    }
+    WriteCaptionFile(FileNames::ResolveFilePath(unique), unique);
+}

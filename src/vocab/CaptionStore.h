@@ -1,38 +1,87 @@
 #pragma once
+#include <QByteArray>
 #include <QString>
 #include <QVector>
 
+class QIODevice;
 class Session;
 
 // Captions and annotations of genes, keyed by (GeneType, GeneSubType, ID), and the caption
-// files (.gno) that carry them beside a genome.
+// files that carry them: the unique file beside a genome (.gno) and the default file of a
+// species (.GNO in the program's folder). Both files have one format: a tag, the count and
+// always all 1801 records.
 class CaptionStore
 {
 public:
-    static constexpr int Records = 1801; // records in every caption file
-    static constexpr int InUse = 1798;   // most records the store holds
+    static constexpr int Records = 1801; // records in the table and in every caption file
+    static constexpr int InUse = 1798;   // most records the store holds in use
+    static constexpr int FileTag = 2;    // first field of a caption file: a 16-bit count follows
+    static constexpr int MaxTextBytes = 65535;
 
-    explicit CaptionStore(Session &session) : session(session) {}
+    // One entry of the table. The key fields are 16-bit in the file; the system only
+    // stores 0 to 255 in them.
+    struct CaptionRecord
+    {
+        qint16 GeneType = 0;
+        qint16 GeneSubType = 0;
+        qint16 ID = 0;
+        QString Caption;
+        QString Annotation;
+    };
 
-    int CaptionCount = 0;
+    explicit CaptionStore(Session &session);
 
+    // Leading records of the table in use. Setting it to 0 empties the store and leaves the
+    // table as it stands.
+    qint16 CaptionCount = 0;
+
+    // "<no caption>" / "<no annotation>" when no record in use bears the key.
     QString GetCaption(int type, int subType, int id) const;
-    void SetCaption(int type, int subType, int id, const QString &caption);
     QString GetAnnotation(int type, int subType, int id) const;
+    // Update the record with the key, or add one; refused with a message once the store
+    // holds 1798 records, even for a key it has.
+    void SetCaption(int type, int subType, int id, const QString &caption);
     void SetAnnotation(int type, int subType, int id, const QString &annotation);
+
+    // The species' default file name, such as "Melk.GNO", from the Genus of the gene at
+    // place 0; empty when that gene has no Genus or is missing.
+    QString DefaultCaptionFileName() const;
+    // The unique file beside a genome: ".gen" (exactly) replaced by ".gno"; empty when the
+    // genome's name does not end in ".gen".
+    static QString UniqueCaptionFileName(const QString &genomeFile);
 
     void LoadUniqueCaptions(const QString &genomeFile);
     void LoadDefaultCaptions();
     void SaveUniqueCaptions(const QString &genomeFile);
     void SaveDefaultCaptions();
 
+    // Table access for the commands that look at every record (and for tests).
+    const CaptionRecord &RecordAt(int index) const { return table[index]; }
+
+    // The file image of the whole table: tag, count, 1801 records.
+    QByteArray FileBytes() const;
+
+    // What went wrong while reading a caption file: the number and description that
+    // ShowFault reports. Number 0 means the file was read whole.
+    struct Fault
+    {
+        qint16 number = 0;
+        QString description;
+    };
+    // Reads a caption file's content into the table, without messages. The store keeps
+    // what was read before a fault: records that came in whole are in the table, and
+    // CaptionCount counts no record that did not.
+    Fault Read(QIODevice &in);
+
 private:
     Session &session;
-    struct Record
-    {
-        int type = 0, subType = 0, id = 0;
-        QString caption, annotation;
-    };
-    QVector<Record> records;
+    QVector<CaptionRecord> table;
+
     int Find(int type, int subType, int id) const;
+    // Shared by SetCaption and SetAnnotation; annotation says which text field changes.
+    void Store(int type, int subType, int id, const QString &text, bool annotation);
+    // The default file's path in the program's folder, found in any case.
+    QString DefaultCaptionPath(const QString &name) const;
+    void ReadCaptionFile(const QString &path, const QString &shownName);
+    void WriteCaptionFile(const QString &path, const QString &shownName);
 };

@@ -1,14 +1,98 @@
 #include "vocab/MutationTemplate.h"
 
 #include "core/Session.h"
+#include "core/Text.h"
+#include "vocab/FileNames.h"
+#include "vocab/NameLists.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace {
+const QString TemplateFile = QStringLiteral("mutations.txt");
+constexpr int FileBytes = MutationTemplate::Rows * 4;
+}
 
 MutationTemplate::MutationTemplate(Session &s) : session(s)
 {
-    const qint32 presets[14] = {27, 43, 59, 8, 26, 4, 104, 19, 8, 12, 0, 8, 12, 0};
-    for (int i = 0; i < 14; ++i)
+    SetPresets();
+}
+
+void MutationTemplate::SetPresets()
+{
+    const qint32 presets[PresetRows] = {27, 43, 59, 8, 26, 4, 104, 19, 8, 12, 0, 8, 12, 0};
+    for (int i = 0; i < PresetRows; ++i)
         DefaultGeneCounts[size_t(i)] = presets[i];
 }
 
-// Placeholder until the template file is built: the presets stand.
-void MutationTemplate::LoadDefaultTemplate() {}
-bool MutationTemplate::SaveDefaultTemplate() { return true; }
+QByteArray MutationTemplate::Encode() const
+{
+    QByteArray bytes;
+    bytes.reserve(FileBytes);
+    for (qint32 v : DefaultGeneCounts) {
+        const quint32 u = quint32(v);
+        for (int shift = 0; shift < 32; shift += 8)
+            bytes.append(char((u >> shift) & 0xFF));
+    }
+    return bytes;
+}
+
+int MutationTemplate::Decode(const QByteArray &bytes)
+{
+    const int rows = int(qMin<qsizetype>(bytes.size() / 4, Rows));
+    for (int r = 0; r < rows; ++r) {
+        quint32 u = 0;
+        for (int b = 0; b < 4; ++b)
+            u |= quint32(quint8(bytes[r * 4 + b])) << (8 * b);
+        DefaultGeneCounts[size_t(r)] = qint32(u);
+    }
+    return rows;
+}
+
+QString MutationTemplate::FilePath() const
+{
+    QString folder = session.AppDirectory;
+    if (folder.isEmpty())
+        folder = QDir::currentPath();
+    return ResolveFileName(folder, TemplateFile);
+}
+
+bool MutationTemplate::EnterAppDirectory() const
+{
+    return session.AppDirectory.isEmpty() || QDir::setCurrent(session.AppDirectory);
+}
+
+void MutationTemplate::LoadDefaultTemplate()
+{
+    bool failed = !EnterAppDirectory();
+    if (!failed) {
+        const QString path = FilePath();
+        if (QFileInfo::exists(path)) {
+            QByteArray bytes;
+            FileFault fault;
+            // A file that can't be read, or ends before its last number, keeps what was read.
+            failed = !VocabFiles::ReadFront(path, FileBytes, bytes, fault) || Decode(bytes) < Rows;
+        } else {
+            SaveDefaultTemplate(); // reports its own failure
+        }
+    }
+    if (failed) {
+        session.ShowError(
+            QStringLiteral("An error occurred loading an internal file. I shall now attempt to correct this."));
+        SaveDefaultTemplate();
+    }
+}
+
+bool MutationTemplate::SaveDefaultTemplate()
+{
+    FileFault fault;
+    if (!EnterAppDirectory()) {
+        fault = {76, QStringLiteral("Path not found: ") + session.AppDirectory};
+    } else if (VocabFiles::WriteOverFront(FilePath(), Encode(), fault)) {
+        return true;
+    }
+    session.ShowFault(fault.Number, fault.Description,
+                      QStringLiteral("An error occured saving the default mutation values.") + Text::CRLF
+                          + QStringLiteral("It is recommended you quit and restart the Helixbench."));
+    return false;
+}
