@@ -6,6 +6,7 @@
 #include "link/ExportTab.h"
 #include "settings/frmOptions.h"
 #include "views/ChemicalTab.h"
+#include "views/frmChangeDefaultTemplate.h"
 #include "views/GeneEditorTab.h"
 #include "views/GenotypeTab.h"
 #include "views/OrganViewTab.h"
@@ -30,7 +31,7 @@ HelixbenchForm::HelixbenchForm(Session &s, QWidget *parent) : QMainWindow(parent
     BuildTabs();
     BuildMenus();
     BuildStatusBar();
-    resize(760, 560);
+    resize(900, 640);
 
     connect(&session, &Session::StatusPanelChanged, this, [this](int panel, const QString &text) {
         if (panel >= 1 && panel <= 3)
@@ -50,16 +51,31 @@ QAction *HelixbenchForm::AddAction(QMenu *menu, const char *name, const QString 
 
 void HelixbenchForm::BuildTabs()
 {
-    SSTab1 = new QTabWidget(this);
+    canvas = new QWidget(this);
+    canvas->setObjectName(QStringLiteral("HelixbenchCanvas"));
+    canvas->installEventFilter(this);
+    SSTab1 = new QTabWidget(canvas);
     SSTab1->setObjectName(QStringLiteral("SSTab1"));
     SSTab1->addTab(BuildCoverTab(), QStringLiteral("Cover"));
-    SSTab1->addTab(new GenotypeTab(session, *this), QStringLiteral("Genotype"));
-    SSTab1->addTab(new GeneEditorTab(session, *this), QStringLiteral("Gene Editor"));
-    SSTab1->addTab(new OrganViewTab(session, *this), QStringLiteral("Organ View"));
-    SSTab1->addTab(new ChemicalTab(session, *this), QStringLiteral("Biochemistry"));
-    SSTab1->addTab(new PoseTab(session, *this), QStringLiteral("Poses"));
-    SSTab1->addTab(new ExportTab(session, *this), QStringLiteral("Export"));
-    setCentralWidget(SSTab1);
+    // A full refresh rebuilds the gene list, then the summary, then the organ tree: each tab
+    // follows the session's refresh signal, so they are made in that order.
+    geneEditorTab = new GeneEditorTab(session, *this);
+    genotypeTab = new GenotypeTab(session, *this);
+    organViewTab = new OrganViewTab(session, *this);
+    SSTab1->addTab(genotypeTab, QStringLiteral("Genotype"));
+    SSTab1->addTab(geneEditorTab, QStringLiteral("Gene Editor"));
+    SSTab1->addTab(organViewTab, QStringLiteral("Organ View"));
+    SSTab1->addTab(chemicalTab = new ChemicalTab(session, *this), QStringLiteral("Biochemistry"));
+    SSTab1->addTab(poseTab = new PoseTab(session, *this), QStringLiteral("Poses"));
+    SSTab1->addTab(exportTab = new ExportTab(session, *this), QStringLiteral("Export"));
+    setCentralWidget(canvas);
+    // Stale summaries are rebuilt when their tab is entered.
+    connect(SSTab1, &QTabWidget::currentChanged, this, [this](int tab) {
+        if (tab == 3)
+            organViewTab->EnterTab();
+        if (tab == 1)
+            genotypeTab->EnterTab();
+    });
 }
 
 QWidget *HelixbenchForm::BuildCoverTab()
@@ -121,6 +137,15 @@ void HelixbenchForm::BuildMenus()
 
     gappAdvanced = menuBar()->addMenu(QStringLiteral("Advanced"));
     gappAdvanced->setObjectName(QStringLiteral("gappAdvanced"));
+    AddAction(gappAdvanced, "gappaSavePoseDescriptions", QStringLiteral("Save Pose Descriptions"),
+              [this] { poseTab->SavePoseListCommand(); });
+    gappAdvanced->addSeparator()->setObjectName(QStringLiteral("sep2"));
+    AddAction(gappAdvanced, "gappaSaveChemicalList", QStringLiteral("Save Chemical List"),
+              [this] { chemicalTab->SaveChemicalListCommand(); });
+    gappAdvanced->addSeparator()->setObjectName(QStringLiteral("sep3"));
+    AddAction(gappAdvanced, "gappaChangeDefaultTemplate", QStringLiteral("Change Default Template"),
+              [this] { frmChangeDefaultTemplate::Open(session, this); });
+    gappAdvanced->addSeparator()->setObjectName(QStringLiteral("sep3b"));
     AddAction(gappAdvanced, "gappaAdvancedOptions", QStringLiteral("Advanced Options"), [this] { OpenOptions(); });
 
     gappWindow = menuBar()->addMenu(QStringLiteral("Window"));
@@ -191,6 +216,24 @@ bool HelixbenchForm::ConfirmQuit()
             w->close();
     session.SaveSettings();
     return true;
+}
+
+bool HelixbenchForm::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == canvas && event->type() == QEvent::Resize)
+        LayOutTabs();
+    return QMainWindow::eventFilter(watched, event);
+}
+
+void HelixbenchForm::LayOutTabs()
+{
+    const QSize outer = frameGeometry().size();
+    QSize size = SSTab1->size();
+    if (outer.width() > Placement::TwipsToPixels(7200, this))
+        size.setWidth(canvas->width());
+    if (outer.height() > Placement::TwipsToPixels(7500, this))
+        size.setHeight(canvas->height());
+    SSTab1->setGeometry(QRect(QPoint(0, 0), size));
 }
 
 void HelixbenchForm::closeEvent(QCloseEvent *event)

@@ -6,6 +6,12 @@ class QTabWidget;
 class QLabel;
 class QMenu;
 class QAction;
+class ChemicalTab;
+class PoseTab;
+class GenotypeTab;
+class OrganViewTab;
+class GeneEditorTab;
+class ExportTab;
 
 // The main window: the one window that lasts for the whole run.
 class HelixbenchForm : public QMainWindow
@@ -27,11 +33,19 @@ public:
     QMenu *gappWindow = nullptr;
     QMenu *gappHelp = nullptr;
 
+    GenotypeTab *genotypeTab = nullptr;
+    GeneEditorTab *geneEditorTab = nullptr;
+    OrganViewTab *organViewTab = nullptr;
+    ChemicalTab *chemicalTab = nullptr;
+    PoseTab *poseTab = nullptr;
+    ExportTab *exportTab = nullptr;
+
     // Creates a menu action named and captioned as given, connected to slot.
     template <typename F> QAction *AddAction(QMenu *menu, const char *name, const QString &caption, F slot);
 
 protected:
     void closeEvent(QCloseEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void BuildTabs();
@@ -40,4 +54,9 @@ private:
     QWidget *BuildCoverTab();
     void OpenOptions();
     bool ConfirmQuit();
+    // Lays SSTab1 out anew in each direction only while the window is big enough for it;
+    // below that the tabs keep their last size and the window clips them.
+    void LayOutTabs();
+
+    QWidget *canvas = nullptr;
 };
