@@ -12,6 +12,12 @@ QScreen *ScreenOf(const QWidget *w)
     QScreen *s = w ? w->screen() : nullptr;
     return s ? s : QGuiApplication::primaryScreen();
 }
+// The outer size of a window; one never shown has no frame yet, and Qt reports its frame
+// geometry a pixel short.
+QSize OuterSize(const QWidget *w)
+{
+    return w->isVisible() ? w->frameGeometry().size() : w->size();
+}
 } // namespace
 
 namespace Placement {
@@ -29,7 +35,7 @@ void CentreForm(QWidget *window)
     if (!s)
         return;
     const QRect screen = s->geometry();
-    const QSize size = window->frameGeometry().size();
+    const QSize size = OuterSize(window);
     window->move(screen.x() + (screen.width() - size.width()) / 2, screen.y() + (screen.height() - size.height()) / 2);
 }
 
@@ -43,7 +49,7 @@ void PlaceEditor(Session &session, QWidget *editor, const QWidget *mainWindow)
     int top = corner.y() + step;
     QScreen *s = ScreenOf(mainWindow);
     const QRect screen = s ? s->geometry() : QRect(0, 0, 1024, 768);
-    const QSize size = editor->frameGeometry().size();
+    const QSize size = OuterSize(editor);
     if (left + size.width() > screen.right() + 1)
         left = screen.right() + 1 - size.width();
     if (top + size.height() > screen.bottom() + 1)

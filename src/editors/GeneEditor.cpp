@@ -1,0 +1,309 @@
+#include "editors/GeneEditor.h"
+
+#include "app/Placement.h"
+#include "core/Gene.h"
+#include "core/GeneCommands.h"
+#include "core/Session.h"
+#include "core/Text.h"
+#include "editors/GeneHeaderPanel.h"
+#include "views/GeneNotesForm.h"
+
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+namespace {
+// Mutability flag bits and the header controls that show them.
+constexpr quint8 BitMutable = 1, BitDuplicable = 2, BitRemovable = 4, BitMale = 8, BitFemale = 16, BitIgnore = 32;
+
+QPushButton *StandardButton(QWidget *parent, const char *name, const QString &caption)
+{
+    auto *b = new QPushButton(caption, parent);
+    b->setObjectName(QLatin1String(name));
+    // Enter in a number box must not close the editor.
+    b->setAutoDefault(false);
+    b->setDefault(false);
+    return b;
+}
+} // namespace
+
+GeneEditor::GeneEditor(Session &s, Gene &g, QWidget *mainWin, const QString &dialogName, int helpContext,
+                       bool withOrganLabel)
+    : QDialog(mainWin), session(s), HelpContext(helpContext), gene(&g), mainWindow(mainWin)
+{
+    setObjectName(dialogName);
+    setModal(false);
+    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    setSizeGripEnabled(true);
+
+    Header = new GeneHeaderPanel(withOrganLabel, this);
+    btnOk = StandardButton(this, "btnOk", QStringLiteral("&Close"));
+    btnCancel = StandardButton(this, "btnCancel", QStringLiteral("C&ancel"));
+    btnNotes = StandardButton(this, "btnNotes", QStringLiteral("&Notes"));
+    btnOk->setToolTip(QStringLiteral("Close the editor and keep the changes"));
+    btnCancel->setToolTip(QStringLiteral("Close the editor and drop the changes"));
+    btnNotes->setToolTip(QStringLiteral("Edit the detailed notes of this gene"));
+
+    connect(btnOk, &QPushButton::clicked, this, [this] { close(); });
+    connect(btnCancel, &QPushButton::clicked, this, [this] {
+        if (Gene *g = Owner ? Owner : gene)
+            g->WriteChanges = false;
+        close();
+    });
+    connect(btnNotes, &QPushButton::clicked, this, &GeneEditor::NotesClicked);
+}
+
+GeneEditor::~GeneEditor()
+{
+    // Destroyed without the gene's CloseView (its parent window went first): the gene must
+    // not keep a reference to a window that no longer exists.
+    if (!disposed && gene && gene->View == static_cast<GeneView *>(this)) {
+        gene->View = nullptr;
+        gene->IsOpen = false;
+    }
+}
+
+void GeneEditor::UseStandardLayout(QWidget *body)
+{
+    auto *column = new QVBoxLayout(this);
+    column->addWidget(Header);
+    if (body)
+        column->addWidget(body, 1);
+    column->addLayout(ButtonRow());
+}
+
+QBoxLayout *GeneEditor::ButtonRow()
+{
+    auto *row = new QHBoxLayout;
+    row->addStretch(1);
+    row->addWidget(btnNotes);
+    row->addSpacing(12);
+    row->addWidget(btnOk);
+    row->addWidget(btnCancel);
+    return row;
+}
+
+void GeneEditor::EnsureLoaded()
+{
+    if (loaded)
+        return;
+    loaded = true;
+    // The size must be known for the cascade to keep the dialog on the screen.
+    adjustSize();
+    Placement::PlaceEditor(session, this, mainWindow);
+    LoadEditor();
+}
+
+// --- header panel ---------------------------------------------------------------------------
+
+void GeneEditor::SetHeaderControls()
+{
+    Owner = gene;
+    if (!Owner)
+        return;
+    const Gene &g = *Owner;
+    GeneHeaderPanel &h = *Header;
+
+    h.lstSwitchOn->clear();
+    for (int i = 0; i < ReferenceTables::LifeStageCount && i < session.Tables.LifeStageNames.size(); ++i)
+        h.lstSwitchOn->addItem(session.Tables.LifeStageNames.at(i));
+    h.lstSwitchOn->setCurrentIndex(g.SwitchOn < h.lstSwitchOn->count() ? int(g.SwitchOn) : -1);
+
+    h.chkMutable->setChecked(g.Mutability & BitMutable);
+    h.chkDuplicable->setChecked(g.Mutability & BitDuplicable);
+    h.chkRemovable->setChecked(g.Mutability & BitRemovable);
+    h.chkIgnore->setChecked(g.Mutability & BitIgnore);
+
+    // Male wins when a file sets both sexes.
+    if (g.Mutability & BitMale)
+        h.optSex[1]->setChecked(true);
+    else if (g.Mutability & BitFemale)
+        h.optSex[2]->setChecked(true);
+    else
+        h.optSex[0]->setChecked(true);
+
+    h.txtMutability->setText(QString::number(g.MutabilityWeighting));
+}
+
+void GeneEditor::GetHeaderControls()
+{
+    Gene *g = Owner ? Owner : gene;
+    if (!g)
+        return;
+    const GeneHeaderPanel &h = *Header;
+
+    quint8 flags = 0;
+    if (h.chkMutable->isChecked())
+        flags |= BitMutable;
+    if (h.chkDuplicable->isChecked())
+        flags |= BitDuplicable;
+    if (h.chkRemovable->isChecked())
+        flags |= BitRemovable;
+    if (h.chkIgnore->isChecked())
+        flags |= BitIgnore;
+    if (h.optSex[1]->isChecked())
+        flags |= BitMale;
+    if (h.optSex[2]->isChecked())
+        flags |= BitFemale;
+    g->Mutability = flags;
+
+    // The leading number, rounded half to even, then folded into a byte; a negative number
+    // folds the same way (-1 gives 255).
+    long long weight = Text::RoundHalfEven(Text::Val(h.txtMutability->text())) % 256;
+    if (weight < 0)
+        weight += 256;
+    g->MutabilityWeighting = quint8(weight);
+
+    g->SwitchOn = quint8(qMax(0, h.lstSwitchOn->currentIndex()));
+}
+
+// --- the gene's view ------------------------------------------------------------------------
+
+void GeneEditor::SetControls()
+{
+    EnsureLoaded();
+    SetHeaderControls();
+    SetKindControls();
+}
+
+void GeneEditor::GetControls()
+{
+    EnsureLoaded();
+    GetHeaderControls();
+    GetKindControls();
+}
+
+void GeneEditor::SetEditorCaption()
+{
+    EnsureLoaded();
+    if (!gene)
+        return;
+    setWindowTitle(QStringLiteral("(#") + Text::Str(gene->Numeric_ID) + QStringLiteral(") ")
+                   + session.CaptionStore.GetCaption(gene->GeneType, gene->GeneSubType, gene->ID)
+                   + QStringLiteral(" (") + GeneCommands::DescribeGene(session, *gene, false) + QStringLiteral(")"));
+}
+
+void GeneEditor::ShowGeneOrgan()
+{
+    EnsureLoaded();
+    if (!gene || !Header->OrganIDLabel)
+        return;
+    // The gene belongs to the organ gene that stands last before it; a brain organ counts.
+    QString text = QStringLiteral("[no organ] ");
+    for (int i = gene->Numeric_ID; i >= 0; --i) {
+        const Gene *g = session.GeneAt(i);
+        if (g && ((g->GeneType == 3 && g->GeneSubType == 0) || (g->GeneType == 0 && g->GeneSubType == 1))) {
+            text = session.CaptionStore.GetCaption(g->GeneType, g->GeneSubType, g->ID) + QStringLiteral(" ");
+            break;
+        }
+    }
+    Header->OrganIDLabel->setText(text);
+}
+
+void GeneEditor::ShowEditor()
+{
+    EnsureLoaded();
+    show();
+}
+
+void GeneEditor::BringToFront()
+{
+    EnsureLoaded();
+    show();
+    raise();
+    activateWindow();
+    setFocus(Qt::OtherFocusReason);
+}
+
+void GeneEditor::RequestClose() { close(); }
+
+void GeneEditor::Dispose()
+{
+    if (disposed)
+        return;
+    disposed = true;
+    gene = nullptr;
+    Owner = nullptr;
+    hide();
+    deleteLater();
+}
+
+void GeneEditor::closeEvent(QCloseEvent *event)
+{
+    // Every way out ends here, and here the gene's CloseView runs once; CloseView then reads
+    // the controls (unless cancelled) and disposes of this dialog.
+    event->accept();
+    if (disposed || closing)
+        return;
+    closing = true;
+    Gene *g = Owner ? Owner : gene;
+    if (g && g->View == static_cast<GeneView *>(this))
+        g->CloseView();
+    else
+        Dispose();
+}
+
+void GeneEditor::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_F1) {
+        emit HelpRequested(HelpContext);
+        event->accept();
+        return;
+    }
+    // Escape would reject the dialog without reaching the gene: it does nothing here.
+    if (event->key() == Qt::Key_Escape) {
+        event->accept();
+        return;
+    }
+    QDialog::keyPressEvent(event);
+}
+
+void GeneEditor::NotesClicked()
+{
+    if (Owner)
+        EditGeneNotes(session, *Owner, this);
+}
+
+// --- kinds ------------------------------------------------------------------------------------
+
+QString EditorDialogName(int type, int subType)
+{
+    static const char *const names[4][8] = {
+        {"frmBrainLobe", "frmBorgan"},
+        {"frmReceptor", "frmEmitter", "frmReaction", "frmHalfLives", "frmInject"},
+        {"frmStimulus", "frmSpecies", "frmAppearance", "frmPose", "frmGait", "frmInstinct", "frmColour",
+         "frmColourBleed"},
+        {"frmOrgan"},
+    };
+    if (type < 0 || type > 3 || subType < 0 || subType > 7 || !names[type][subType])
+        return QStringLiteral("frmGene");
+    return QLatin1String(names[type][subType]);
+}
+
+int EditorHelpContext(int type, int subType)
+{
+    if (type == 0 && subType == 0)
+        return GeneEditor::HelpBrainLobe;
+    if (type == 2 && subType == 5)
+        return GeneEditor::HelpInstinct;
+    if ((type == 3 && subType == 0) || (type == 0 && subType == 1))
+        return GeneEditor::HelpOrgan;
+    return GeneEditor::HelpEditors;
+}
+
+bool EditorHasOrganLabel(int type, int subType) { return type == 1 && subType >= 0 && subType <= 2; }
+
+BareGeneEditor::BareGeneEditor(Session &s, Gene &g, QWidget *mainWin)
+    : GeneEditor(s, g, mainWin, EditorDialogName(g.GeneType, g.GeneSubType),
+                 EditorHelpContext(g.GeneType, g.GeneSubType), EditorHasOrganLabel(g.GeneType, g.GeneSubType))
+{
+    UseStandardLayout(nullptr);
+}
