@@ -1,15 +1,278 @@
+// The Export tab's layout and its two egg commands: Lay Egg and Remove Selected Melk.
 #include "link/ExportTab.h"
 
 #include "core/Session.h"
+#include "core/Text.h"
+#include "link/MacroLink.h"
 #include "views/HelixbenchForm.h"
 
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QGridLayout>
 #include <QGroupBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QSaveFile>
+#include <QTreeWidget>
 #include <QVBoxLayout>
+
+using Text::CRLF;
+
+const QString ExportTab::EmptySlot = QStringLiteral("<empty>");
+
+namespace {
+template <typename W> W *Named(W *widget, const char *name)
+{
+    widget->setObjectName(QString::fromLatin1(name));
+    return widget;
+}
+} // namespace
 
 ExportTab::ExportTab(Session &s, HelixbenchForm &w) : session(s), mainWindow(w)
 {
     auto *layout = new QVBoxLayout(this);
-    auto *frame = new QGroupBox(QStringLiteral("Interface Control"), this);
-    frame->setObjectName(QStringLiteral("IC_frame"));
-    layout->addWidget(frame);
+    layout->addWidget(BuildInterfaceControl());
+    layout->addWidget(BuildScriptorium(), 1);
+
+    DDE = Named(new QLineEdit(QStringLiteral("DDE"), this), "DDE");
+    DDE->hide();
+    link = std::make_unique<MacroLink>(session, *DDE, *InjectStatusLabel);
+
+    connect(&session, &Session::ExportViewsMustFill, this, &ExportTab::FillExportViews);
+}
+
+ExportTab::~ExportTab() = default;
+
+QGroupBox *ExportTab::BuildInterfaceControl()
+{
+    IC_frame = Named(new QGroupBox(QStringLiteral("Interface Control"), this), "IC_frame");
+
+    auto *eggLabel = new QLabel(QStringLiteral("Egg Graphic:"), IC_frame);
+    EggColourCombo = Named(new QComboBox(IC_frame), "EggColourCombo");
+    EggColourCombo->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    eggLabel->setBuddy(EggColourCombo);
+
+    auto *sexLabel = new QLabel(QStringLiteral("Sex:"), IC_frame);
+    SexCombo = Named(new QComboBox(IC_frame), "SexCombo");
+    SexCombo->addItems({QStringLiteral("Either"), QStringLiteral("Male"), QStringLiteral("Female")});
+    SexCombo->setCurrentIndex(0);
+    sexLabel->setBuddy(SexCombo);
+
+    VirginBirthCheck = Named(new QCheckBox(QStringLiteral("&Virgin birth (No other parent)"), IC_frame), "VirginBirthCheck");
+    VirginBirthCheck->setChecked(true);
+
+    ParentMoniker = Named(new QLineEdit(QStringLiteral("EVE_"), IC_frame), "ParentMoniker");
+    ParentMoniker->setEnabled(false);
+    auto *monikerNote = new QLabel(QStringLiteral("(Gene Moniker for non-virgin births)"), IC_frame);
+    connect(VirginBirthCheck, &QCheckBox::toggled, this, [this](bool checked) { ParentMoniker->setEnabled(!checked); });
+
+    ExportMeCommand = Named(new QPushButton(QStringLiteral("&Lay Egg"), IC_frame), "ExportMeCommand");
+    RemoveSelectedMelkCommand = Named(new QPushButton(QStringLiteral("Remove Selected Melk"), IC_frame),
+                                      "RemoveSelectedMelkCommand");
+    InjectStatusLabel = Named(new QLabel(QStringLiteral("Idle"), IC_frame), "InjectStatusLabel");
+    InjectStatusLabel->setFrameShape(QFrame::StyledPanel);
+    InjectStatusLabel->setMargin(2);
+    InjectStatusLabel->setFrameShadow(QFrame::Sunken);
+    InjectStatusLabel->setAlignment(Qt::AlignCenter);
+    InjectStatusLabel->setMinimumWidth(InjectStatusLabel->fontMetrics().horizontalAdvance(
+        QStringLiteral("Operation Complete (900 genes injected)")) + 16);
+    connect(ExportMeCommand, &QPushButton::clicked, this, &ExportTab::LayEgg);
+    connect(RemoveSelectedMelkCommand, &QPushButton::clicked, this, &ExportTab::RemoveSelectedMelk);
+
+    auto *egg = new QGridLayout;
+    egg->addWidget(eggLabel, 0, 0);
+    egg->addWidget(EggColourCombo, 0, 1, 1, 2);
+    egg->addWidget(sexLabel, 1, 0);
+    egg->addWidget(SexCombo, 1, 1);
+    egg->addWidget(VirginBirthCheck, 2, 0, 1, 3);
+    egg->addWidget(ParentMoniker, 3, 1);
+    egg->addWidget(monikerNote, 3, 2);
+    egg->setColumnStretch(2, 1);
+
+    auto *commands = new QVBoxLayout;
+    commands->addWidget(ExportMeCommand);
+    commands->addWidget(RemoveSelectedMelkCommand);
+    commands->addStretch();
+    commands->addWidget(InjectStatusLabel);
+
+    auto *frameLayout = new QHBoxLayout(IC_frame);
+    frameLayout->addLayout(egg, 1);
+    frameLayout->addSpacing(24);
+    frameLayout->addLayout(commands);
+    return IC_frame;
+}
+
+QGroupBox *ExportTab::BuildScriptorium()
+{
+    Frame7 = Named(new QGroupBox(QStringLiteral("Scriptorium -- Advanced use only"), this), "Frame7");
+
+    auto *listLabel = new QLabel(QStringLiteral("AutoScripts:"), Frame7);
+    ScriptListView = Named(new QTreeWidget(Frame7), "ScriptListView");
+    ScriptListView->setHeaderLabels({QStringLiteral("Item"), QStringLiteral("Macro Script"), QStringLiteral("Result")});
+    ScriptListView->setRootIsDecorated(false);
+    ScriptListView->setUniformRowHeights(true);
+    ScriptListView->setSortingEnabled(false);
+    ScriptListView->setSelectionMode(QAbstractItemView::SingleSelection);
+    ScriptListView->setAllColumnsShowFocus(true);
+    ScriptListView->header()->resizeSection(0, 180);
+    ScriptListView->header()->resizeSection(1, 260);
+    // The pop-up opens when the right button is released, not on the context-menu event.
+    ScriptListView->setContextMenuPolicy(Qt::PreventContextMenu);
+    ScriptListView->viewport()->installEventFilter(this);
+    listLabel->setBuddy(ScriptListView);
+
+    ScriptStatusLabel = Named(new QLabel(QStringLiteral("<un-defined>"), Frame7), "ScriptStatusLabel");
+    ScriptStatusLabel->setTextFormat(Qt::PlainText);
+    AddAutoScriptCommand = Named(new QPushButton(QStringLiteral("&Add Command"), Frame7), "AddAutoScriptCommand");
+    RemoveAutoScriptCommand = Named(new QPushButton(QStringLiteral("&Remove Command"), Frame7), "RemoveAutoScriptCommand");
+    UpdateScriptCommand = Named(new QPushButton(QStringLiteral("&Run Selected Macro"), Frame7), "UpdateScriptCommand");
+    connect(AddAutoScriptCommand, &QPushButton::clicked, this, &ExportTab::AddAutoScript);
+    connect(RemoveAutoScriptCommand, &QPushButton::clicked, this, &ExportTab::RemoveAutoScript);
+    connect(UpdateScriptCommand, &QPushButton::clicked, this, &ExportTab::RunSelectedAutoScript);
+
+    auto *oneShotLabel = new QLabel(QStringLiteral("One Shot:"), Frame7);
+    TestScriptText = Named(new QLineEdit(Frame7), "TestScriptText");
+    oneShotLabel->setBuddy(TestScriptText);
+    TestScriptCommand = Named(new QPushButton(QStringLiteral("&Inject"), Frame7), "TestScriptCommand");
+    connect(TestScriptCommand, &QPushButton::clicked, this, &ExportTab::InjectOneShot);
+
+    mnuAutoScriptPopUp = Named(new QMenu(QStringLiteral("PopUp4"), this), "mnuAutoScriptPopUp");
+    mnuAutoScriptRun = Named(mnuAutoScriptPopUp->addAction(QStringLiteral("&Run this macro")), "mnuAutoScriptRun");
+    mnuAutoScriptDelete = Named(mnuAutoScriptPopUp->addAction(QStringLiteral("&Delete this macro")), "mnuAutoScriptDelete");
+    mnuAutoScriptPopUp->setDefaultAction(mnuAutoScriptRun);
+    connect(mnuAutoScriptRun, &QAction::triggered, this, &ExportTab::RunSelectedAutoScript);
+    connect(mnuAutoScriptDelete, &QAction::triggered, this, &ExportTab::RemoveAutoScript);
+
+    auto *commands = new QHBoxLayout;
+    commands->addWidget(ScriptStatusLabel, 1);
+    commands->addWidget(AddAutoScriptCommand);
+    commands->addWidget(RemoveAutoScriptCommand);
+    commands->addWidget(UpdateScriptCommand);
+
+    auto *oneShot = new QHBoxLayout;
+    oneShot->addWidget(oneShotLabel);
+    oneShot->addWidget(TestScriptText, 1);
+    oneShot->addWidget(TestScriptCommand);
+
+    auto *frameLayout = new QVBoxLayout(Frame7);
+    frameLayout->addWidget(listLabel);
+    frameLayout->addWidget(ScriptListView, 1);
+    frameLayout->addLayout(commands);
+    frameLayout->addLayout(oneShot);
+    return Frame7;
+}
+
+void ExportTab::FillExportViews()
+{
+    RefreshScriptList();
+    ShowScriptCount();
+    SexCombo->setCurrentIndex(0);
+    EggColourCombo->clear();
+    for (const QString &name : session.Tables.EggVarietyNames) {
+        if (name.isEmpty())
+            break;
+        EggColourCombo->addItem(name);
+    }
+    EggColourCombo->setCurrentIndex(0);
+}
+
+void ExportTab::LayEgg()
+{
+    if (session.GeneCount < FewestGenes) {
+        session.ShowError(QStringLiteral("Not enough genes for viable life form, ") + CRLF + QString::number(FewestGenes)
+                          + QStringLiteral(" genes required"));
+        return;
+    }
+    const QString setting = session.ReadGameSetting(QStringLiteral("Genetics Directory"));
+    if (setting == Session::ErrorMark) {
+        session.ShowError(QStringLiteral("Error reading registry key -- ensure Arkenfold") + CRLF
+                          + QStringLiteral("is installed on this system."));
+        return;
+    }
+    const QString GeneticsDirectory = Session::NormalisePath(setting);
+
+    const bool virgin = VirginBirthCheck->isChecked();
+    const QString moniker = ParentMoniker->text();
+    if (!virgin && !QFileInfo::exists(GeneticsDirectory + moniker + QStringLiteral(".gen"))) {
+        session.ShowError(QStringLiteral("V-DNA for parent with moniker [") + moniker + QStringLiteral("] ") + CRLF
+                          + QStringLiteral("does not exist. Cannot continue."));
+        return;
+    }
+
+    // A leftover from an earlier laying goes first; one that will not go stops the command.
+    const QString wisp = GeneticsDirectory + QStringLiteral("wisp.gen");
+    if (QFileInfo::exists(wisp) && !QFile::remove(wisp)) {
+        session.ShowFault(75, QStringLiteral("Path/File access error: ") + wisp,
+                          QStringLiteral("Error identifying location of Arkenfold on this computer"));
+        return;
+    }
+
+    // The genome goes from the gene list, not from the user's file, which stays untouched.
+    session.EncodeGenome();
+    {
+        const QString context = QStringLiteral("Error saving temporary genome 'wisp.gen'");
+        if (!QFileInfo(GeneticsDirectory).isDir()) {
+            session.ShowFault(76, QStringLiteral("Path not found: ") + GeneticsDirectory, context);
+            return;
+        }
+        // Written aside and renamed into place: the game never finds half a genome.
+        QSaveFile file(wisp);
+        if (!file.open(QIODevice::WriteOnly)
+            || file.write(reinterpret_cast<const char *>(session.GenomeImage.Bytes.data()), ::GenomeImage::Size)
+                   != ::GenomeImage::Size
+            || !file.commit()) {
+            session.ShowFault(75, QStringLiteral("Path/File access error: ") + wisp, context);
+            return;
+        }
+    }
+
+    if (!link->OpenMacroLink())
+        return; // reported; the temporary file stays
+    link->SetStatus(QStringLiteral("Connection confirmed"));
+
+    const int sex = SexCombo->currentIndex();
+    const int variety = EggColourCombo->currentIndex();
+    session.LayEggOffset += 64;
+    if (session.LayEggOffset >= 384)
+        session.LayEggOffset = 0;
+
+    QString macro = QStringLiteral("inst,sys: wtop,new: simp eggs 8 ");
+    macro += QString::number(variety * 8);
+    macro += QStringLiteral(" 90 0,sys: camt,setv clas 33882624,setv attr 195,anim [0123],");
+    if (virgin)
+        macro += QStringLiteral("new: gene tokn wisp 0 obv0,");
+    else
+        macro += QStringLiteral("new: gene tokn wisp tokn ") + moniker + QStringLiteral(" obv0,");
+    macro += QStringLiteral("setv obv1 ");
+    macro += QString::number(sex);
+    macro += QStringLiteral(",tick 2400,mvto ");
+    macro += QString::number(4900 + session.LayEggOffset);
+    macro += QStringLiteral(" 735,slim,setv grav 1,endm");
+
+    if (link->ExecuteMacro(macro))
+        link->SetStatus(QStringLiteral("Operation Complete (") + QString::number(session.GeneCount)
+                        + QStringLiteral(" genes injected)"));
+    else
+        link->SetStatus(QStringLiteral("Error during macro operation"));
+    link->CloseMacroLink();
+}
+
+void ExportTab::RemoveSelectedMelk()
+{
+    if (!link->OpenMacroLink())
+        return;
+    link->SetStatus(QStringLiteral("Connection confirmed"));
+    if (link->ExecuteMacro(QStringLiteral("inst,targ melk,kill targ,endm")))
+        link->SetStatus(QStringLiteral("Operation Complete"));
+    else
+        link->SetStatus(QStringLiteral("Error during macro operation"));
+    link->CloseMacroLink();
 }

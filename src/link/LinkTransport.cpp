@@ -1,0 +1,184 @@
+#include "link/LinkTransport.h"
+
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QDBusError>
+#include <QDBusMessage>
+#include <QDBusReply>
+
+const QString LinkTransport::BusNamePrefix = QStringLiteral("org.arkenfold.");
+const QString LinkTransport::ObjectPath = QStringLiteral("/Habitat");
+const QString LinkTransport::Interface = QStringLiteral("org.arkenfold.Habitat.Conversation");
+
+namespace {
+bool BusReady(QDBusConnection &bus, LinkFailure &failure)
+{
+    if (bus.isConnected())
+        return true;
+    failure.number = LinkFailures::NoBus;
+    failure.description = bus.lastError().message();
+    if (failure.description.isEmpty())
+        failure.description = QStringLiteral("No session bus is available");
+    return false;
+}
+
+bool NameHasOwner(QDBusConnection &bus, const QString &name)
+{
+    QDBusConnectionInterface *daemon = bus.interface();
+    if (!daemon)
+        return false;
+    const QDBusReply<bool> owned = daemon->isServiceRegistered(name);
+    return owned.isValid() && owned.value();
+}
+
+// Gives an error reply its number. While opening, a server that is gone or never was
+// is the "no server" case; later it is a server that quit in the middle.
+LinkFailure FailureOf(QDBusConnection &bus, const QDBusMessage &reply, const QString &busName, bool opening)
+{
+    LinkFailure failure;
+    const QDBusError error(reply);
+    failure.description = error.message().isEmpty() ? error.name() : error.message();
+    const qint16 gone = opening ? LinkFailures::NoServer : LinkFailures::ServerGone;
+    // With auto-start off, the daemon answers a call to a name nobody owns with
+    // NameHasNoOwner, which Qt files under "other".
+    if (error.name() == QLatin1String("org.freedesktop.DBus.Error.NameHasNoOwner")) {
+        failure.number = gone;
+        return failure;
+    }
+    switch (error.type()) {
+    case QDBusError::ServiceUnknown:
+        failure.number = gone;
+        break;
+    case QDBusError::NoReply:
+    case QDBusError::Timeout:
+    case QDBusError::TimedOut:
+        // A server that left without answering shows up as "no reply" too.
+        failure.number = NameHasOwner(bus, busName) ? LinkFailures::NoAnswer : gone;
+        break;
+    case QDBusError::Disconnected:
+        failure.number = LinkFailures::NoBus;
+        break;
+    default:
+        failure.number = LinkFailures::Refused;
+        break;
+    }
+    return failure;
+}
+
+QDBusMessage Call(const QString &busName, const QString &method, const QVariantList &arguments)
+{
+    QDBusMessage call = QDBusMessage::createMethodCall(busName, LinkTransport::ObjectPath,
+                                                       LinkTransport::Interface, method);
+    call.setAutoStartService(false); // the game is started by its player, never by the bus
+    call.setArguments(arguments);
+    return call;
+}
+
+bool NotOpen(LinkFailure &failure)
+{
+    failure.number = LinkFailures::NotOpen;
+    failure.description = QStringLiteral("No conversation is open");
+    return false;
+}
+} // namespace
+
+bool LinkTransport::Open(const QString &linkTopic, LinkFailure &failure)
+{
+    failure.Clear();
+    if (open)
+        Close();
+    const int bar = linkTopic.indexOf(QLatin1Char('|'));
+    const QString service = bar < 0 ? linkTopic : linkTopic.left(bar);
+    busName = BusNamePrefix + service;
+    topic = bar < 0 ? QString() : linkTopic.mid(bar + 1);
+
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!BusReady(bus, failure))
+        return false;
+    const QDBusMessage reply = bus.call(Call(busName, QStringLiteral("Initiate"), {topic}), QDBus::Block, timeoutMs);
+    if (reply.type() != QDBusMessage::ReplyMessage) {
+        failure = FailureOf(bus, reply, busName, true);
+        return false;
+    }
+    const QVariantList args = reply.arguments();
+    if (args.size() != 1 || args[0].typeId() != QMetaType::Bool) {
+        failure.number = LinkFailures::BadReply;
+        failure.description = QStringLiteral("Initiate was answered with the signature '%1' instead of 'b'")
+                                  .arg(reply.signature());
+        return false;
+    }
+    if (!args[0].toBool()) {
+        failure.number = LinkFailures::NoServer;
+        failure.description = QStringLiteral("%1 declined the topic '%2'").arg(busName, topic);
+        return false;
+    }
+    open = true;
+    return true;
+}
+
+bool LinkTransport::Execute(const QString &command, LinkFailure &failure)
+{
+    failure.Clear();
+    if (!open)
+        return NotOpen(failure);
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!BusReady(bus, failure))
+        return false;
+    const QDBusMessage reply = bus.call(Call(busName, QStringLiteral("Execute"), {topic, command}), QDBus::Block, timeoutMs);
+    if (reply.type() != QDBusMessage::ReplyMessage) {
+        failure = FailureOf(bus, reply, busName, false);
+        return false;
+    }
+    return true;
+}
+
+bool LinkTransport::Poke(const QString &item, const QString &text, LinkFailure &failure)
+{
+    failure.Clear();
+    if (!open)
+        return NotOpen(failure);
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!BusReady(bus, failure))
+        return false;
+    const QDBusMessage reply = bus.call(Call(busName, QStringLiteral("Poke"), {topic, item, text}), QDBus::Block, timeoutMs);
+    if (reply.type() != QDBusMessage::ReplyMessage) {
+        failure = FailureOf(bus, reply, busName, false);
+        return false;
+    }
+    return true;
+}
+
+bool LinkTransport::Request(const QString &item, QString &text, LinkFailure &failure)
+{
+    failure.Clear();
+    if (!open)
+        return NotOpen(failure);
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!BusReady(bus, failure))
+        return false;
+    const QDBusMessage reply = bus.call(Call(busName, QStringLiteral("Request"), {topic, item}), QDBus::Block, timeoutMs);
+    if (reply.type() != QDBusMessage::ReplyMessage) {
+        failure = FailureOf(bus, reply, busName, false);
+        return false;
+    }
+    const QVariantList args = reply.arguments();
+    if (args.size() != 1 || args[0].typeId() != QMetaType::QString) {
+        failure.number = LinkFailures::BadReply;
+        failure.description = QStringLiteral("Request was answered with the signature '%1' instead of 's'")
+                                  .arg(reply.signature());
+        return false;
+    }
+    text = args[0].toString();
+    return true;
+}
+
+void LinkTransport::Close()
+{
+    if (!open)
+        return;
+    open = false;
+    // Sent without waiting: a server that hangs or has gone cannot hold the close up.
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (bus.isConnected())
+        bus.send(Call(busName, QStringLiteral("Terminate"), {topic}));
+}
