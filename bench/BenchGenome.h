@@ -1,0 +1,44 @@
+#pragma once
+#include "core/Prompt.h"
+
+#include <QByteArray>
+
+class Session;
+
+// A user who answers Yes to every question and Ok to every message, and counts them:
+// benchmarks run without dialogs and can check that a run was silent.
+class BenchPrompt : public Prompt
+{
+public:
+    int messages = 0;
+    int Message(const QString &, const QString &, int style) override
+    {
+        ++messages;
+        return (style & 15) == 3 || (style & 15) == 4 ? Yes : Ok;
+    }
+    QString InputBox(const QString &, const QString &, const QString &) override { return QStringLiteral("x"); }
+    QString OpenFileName(const QString &, const QString &, const QString &, const QString &) override { return {}; }
+    QString SaveFileName(const QString &, const QString &, const QString &, const QString &) override { return {}; }
+    void ProgressLoad(const QString &) override {}
+    void ProgressShow() override {}
+    bool ProgressVisible() const override { return false; }
+    void ProgressSetValue(int) override {}
+    void ProgressSetStatus(const QString &) override {}
+    void ProgressUnload() override {}
+    void Yield() override {}
+};
+
+// A genome of the size and mix of a real one: 900 genes of all sixteen kinds, organs
+// followed by their receptors, emitters and reactions, brain lobes with rules, and every
+// field in range (so that reading it corrects nothing). It fits in the image without the
+// out-of-space question.
+namespace BenchGenome {
+constexpr int Genes = 900;
+
+// Replaces the session's genome with the benchmark genome (no editors open).
+void Build(Session &session);
+// The genome as a file: the encoded image, all 36,001 bytes.
+QByteArray FileBytes(Session &session);
+// Puts file bytes into the image and sets WriteCursor as a load does.
+void PutFile(Session &session, const QByteArray &bytes);
+}

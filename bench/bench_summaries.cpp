@@ -1,0 +1,173 @@
+// The organ tree and genotype summary rebuilds on a 900-gene genome, each beside its floor:
+// the same rows filled into a bare QTreeWidget in the same run. Prints the ratios at the end.
+// Run headless with QT_QPA_PLATFORM=offscreen.
+#include "BenchGenome.h"
+#include "core/Session.h"
+#include "views/GenotypeTab.h"
+#include "views/HelixbenchForm.h"
+#include "views/OrganViewTab.h"
+
+#include <QApplication>
+#include <QTreeWidget>
+#include <benchmark/benchmark.h>
+
+#include <cstdio>
+#include <functional>
+#include <map>
+#include <memory>
+
+namespace {
+
+struct Rig
+{
+    BenchPrompt prompt;
+    Session session{prompt};
+    std::unique_ptr<HelixbenchForm> form;
+    OrganViewTab *organ = nullptr;
+    GenotypeTab *genotype = nullptr;
+
+    // The rows each rebuild makes, for the floors: text and parent (-1: top level).
+    struct Row
+    {
+        int parent;
+        QStringList texts;
+    };
+    std::vector<Row> organRows, genotypeRows, lobeRows;
+
+    Rig()
+    {
+        session.Tables.Build();
+        const qint32 presets[14] = {27, 43, 59, 8, 26, 4, 104, 19, 8, 12, 0, 8, 12, 0};
+        for (int i = 0; i < 14; ++i)
+            session.Template.DefaultGeneCounts[size_t(i)] = presets[i];
+        for (int c = 1; c < 256; ++c)
+            session.Lists.ChemicalNames[size_t(c)] = QStringLiteral("Chemical %1").arg(c);
+        BenchGenome::Build(session);
+        form = std::make_unique<HelixbenchForm>(session);
+        organ = form->findChild<OrganViewTab *>();
+        genotype = form->findChild<GenotypeTab *>();
+        organ->BuildOrganTree();
+        genotype->CountGenotype();
+        Snapshot(organ->OrganTreeView, organRows);
+        Snapshot(form->findChild<QTreeWidget *>(QStringLiteral("GenotypeListView")), genotypeRows);
+        Snapshot(form->findChild<QTreeWidget *>(QStringLiteral("BrainLobeListView")), lobeRows);
+    }
+
+    static void Snapshot(const QTreeWidget *tree, std::vector<Row> &rows)
+    {
+        std::function<void(const QTreeWidgetItem *, int)> walk = [&](const QTreeWidgetItem *item, int parent) {
+            QStringList texts;
+            for (int c = 0; c < item->columnCount(); ++c)
+                texts << item->text(c);
+            rows.push_back({parent, texts});
+            const int self = int(rows.size()) - 1;
+            for (int i = 0; i < item->childCount(); ++i)
+                walk(item->child(i), self);
+        };
+        for (int i = 0; i < tree->topLevelItemCount(); ++i)
+            walk(tree->topLevelItem(i), -1);
+    }
+};
+
+Rig *rig = nullptr;
+
+// The floor: the same rows, with their texts and parents, into a bare tree widget, made
+// detached and added in one batch (the cheapest way the widget offers).
+void FillBare(QTreeWidget &tree, const std::vector<Rig::Row> &rows)
+{
+    tree.clear();
+    std::vector<QTreeWidgetItem *> items;
+    items.reserve(rows.size());
+    QList<QTreeWidgetItem *> topLevel;
+    for (const Rig::Row &r : rows) {
+        auto *item = new QTreeWidgetItem(r.texts);
+        if (r.parent < 0)
+            topLevel.append(item);
+        else
+            items[size_t(r.parent)]->addChild(item);
+        items.push_back(item);
+    }
+    tree.addTopLevelItems(topLevel);
+}
+
+void BM_OrganTree(benchmark::State &state)
+{
+    for (auto _ : state)
+        benchmark::DoNotOptimize(rig->organ->BuildOrganTree());
+    state.counters["nodes"] = double(rig->organRows.size());
+}
+BENCHMARK(BM_OrganTree)->Unit(benchmark::kMicrosecond);
+
+void BM_OrganTreeFloor(benchmark::State &state)
+{
+    QTreeWidget tree;
+    for (auto _ : state)
+        FillBare(tree, rig->organRows);
+    state.counters["nodes"] = double(rig->organRows.size());
+}
+BENCHMARK(BM_OrganTreeFloor)->Unit(benchmark::kMicrosecond);
+
+void BM_Genotype(benchmark::State &state)
+{
+    for (auto _ : state)
+        rig->genotype->CountGenotype();
+    state.counters["rows"] = double(rig->genotypeRows.size() + rig->lobeRows.size());
+}
+BENCHMARK(BM_Genotype)->Unit(benchmark::kMicrosecond);
+
+void BM_GenotypeFloor(benchmark::State &state)
+{
+    QTreeWidget categories, lobes;
+    categories.setColumnCount(3);
+    lobes.setColumnCount(6);
+    for (auto _ : state) {
+        FillBare(categories, rig->genotypeRows);
+        FillBare(lobes, rig->lobeRows);
+    }
+    state.counters["rows"] = double(rig->genotypeRows.size() + rig->lobeRows.size());
+}
+BENCHMARK(BM_GenotypeFloor)->Unit(benchmark::kMicrosecond);
+
+// Keeps the real and CPU time per iteration of each benchmark for the ratios.
+class RatioReporter : public benchmark::ConsoleReporter
+{
+public:
+    RatioReporter() : ConsoleReporter(OO_Tabular) {}
+    std::map<std::string, std::pair<double, double>> times;
+    void ReportRuns(const std::vector<Run> &runs) override
+    {
+        for (const Run &r : runs)
+            if (r.run_type == Run::RT_Iteration && r.iterations > 0)
+                times[r.run_name.function_name] = {r.GetAdjustedRealTime(), r.GetAdjustedCPUTime()};
+        ConsoleReporter::ReportRuns(runs);
+    }
+};
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QApplication app(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    Rig theRig;
+    rig = &theRig;
+    std::printf("genome: %d genes, organ tree %zu nodes, genotype %zu + %zu rows\n", int(theRig.session.GeneCount),
+                theRig.organRows.size(), theRig.genotypeRows.size(), theRig.lobeRows.size());
+
+    RatioReporter reporter; // tabular, without colour codes
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    auto ratio = [&](const char *work, const char *floor) {
+        if (!reporter.times.count(work) || !reporter.times.count(floor))
+            return;
+        const auto [workReal, workCpu] = reporter.times[work];
+        const auto [floorReal, floorCpu] = reporter.times[floor];
+        if (floorReal > 0 && floorCpu > 0)
+            std::printf("%-14s / floor: %.2f real time, %.2f CPU time\n", work, workReal / floorReal,
+                        workCpu / floorCpu);
+    };
+    ratio("BM_OrganTree", "BM_OrganTreeFloor");
+    ratio("BM_Genotype", "BM_GenotypeFloor");
+    rig = nullptr;
+    benchmark::Shutdown();
+    return 0;
+}
