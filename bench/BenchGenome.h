@@ -1,23 +1,12 @@
 #pragma once
-#include "core/Prompt.h"
+#include "core/AutoPrompt.h"
 
 #include <QByteArray>
 
 class Session;
 
-// A user who answers Yes to every question and Ok to every message, and counts them:
-// benchmarks run without dialogs and can check that a run was silent.
-class BenchPrompt : public Prompt
-{
-public:
-    int messages = 0;
-    int Message(const QString &, const QString &, int style) override
-    {
-        ++messages;
-        return (style & 15) == 3 || (style & 15) == 4 ? Yes : Ok;
-    }
-    QString InputBox(const QString &, const QString &, const QString &) override { return QStringLiteral("x"); }
-    QString OpenFileName(const QString &, const QString &, const QString &, const QString &) override { return {}; }
+// Benchmarks run without dialogs and can check that a run was silent.
+using BenchPrompt = AutoPrompt; }
     QString SaveFileName(const QString &, const QString &, const QString &, const QString &) override { return {}; }
     void ProgressLoad(const QString &) override {}
     void ProgressShow() override {}

@@ -1,5 +1,6 @@
-// The organ tree and genotype summary rebuilds on a 900-gene genome, each beside its floor:
-// the same rows filled into a bare QTreeWidget in the same run. Prints the ratios at the end.
+// On a 900-gene genome: a load from the file to filled views, and the organ tree and genotype
+// summary rebuilds, each beside its floor: the same rows filled into bare QTreeWidgets in the
+// same run. Prints the ratios at the end.
 // Run headless with QT_QPA_PLATFORM=offscreen.
 #include "BenchGenome.h"
 #include "core/Session.h"
@@ -8,6 +9,8 @@
 #include "views/OrganViewTab.h"
 
 #include <QApplication>
+#include <QFile>
+#include <QTemporaryDir>
 #include <QTreeWidget>
 #include <benchmark/benchmark.h>
 
@@ -32,7 +35,9 @@ struct Rig
         int parent;
         QStringList texts;
     };
-    std::vector<Row> organRows, genotypeRows, lobeRows;
+    std::vector<Row> organRows, genotypeRows, lobeRows, geneRows;
+    QTemporaryDir folder;
+    QString genomeFile;
 
     Rig()
     {
@@ -51,6 +56,15 @@ struct Rig
         Snapshot(organ->OrganTreeView, organRows);
         Snapshot(form->findChild<QTreeWidget *>(QStringLiteral("GenotypeListView")), genotypeRows);
         Snapshot(form->findChild<QTreeWidget *>(QStringLiteral("BrainLobeListView")), lobeRows);
+
+        // The same genome as a file, for the load; its rows as the gene list shows them.
+        genomeFile = folder.filePath(QStringLiteral("bench.gen"));
+        QFile file(genomeFile);
+        if (file.open(QIODevice::WriteOnly))
+            file.write(BenchGenome::FileBytes(session));
+        file.close();
+        session.LoadGenomeFile(genomeFile);
+        Snapshot(form->findChild<QTreeWidget *>(QStringLiteral("GeneListListView")), geneRows);
     }
 
     static void Snapshot(const QTreeWidget *tree, std::vector<Row> &rows)
@@ -89,6 +103,31 @@ void FillBare(QTreeWidget &tree, const std::vector<Rig::Row> &rows)
     }
     tree.addTopLevelItems(topLevel);
 }
+
+// Load: read and decode the file, captions, then the gene list, summary and organ tree.
+void BM_LoadToViews(benchmark::State &state)
+{
+    for (auto _ : state)
+        benchmark::DoNotOptimize(rig->session.LoadGenomeFile(rig->genomeFile));
+    state.counters["genes"] = double(rig->session.GeneCount);
+}
+BENCHMARK(BM_LoadToViews)->Unit(benchmark::kMicrosecond);
+
+void BM_LoadToViewsFloor(benchmark::State &state)
+{
+    QTreeWidget genes, organs, categories, lobes;
+    genes.setColumnCount(8);
+    categories.setColumnCount(3);
+    lobes.setColumnCount(6);
+    for (auto _ : state) {
+        FillBare(genes, rig->geneRows);
+        FillBare(organs, rig->organRows);
+        FillBare(categories, rig->genotypeRows);
+        FillBare(lobes, rig->lobeRows);
+    }
+    state.counters["genes"] = double(rig->geneRows.size());
+}
+BENCHMARK(BM_LoadToViewsFloor)->Unit(benchmark::kMicrosecond);
 
 void BM_OrganTree(benchmark::State &state)
 {
@@ -165,6 +204,7 @@ int main(int argc, char **argv)
             std::printf("%-14s / floor: %.2f real time, %.2f CPU time\n", work, workReal / floorReal,
                         workCpu / floorCpu);
     };
+    ratio("BM_LoadToViews", "BM_LoadToViewsFloor");
     ratio("BM_OrganTree", "BM_OrganTreeFloor");
     ratio("BM_Genotype", "BM_GenotypeFloor");
     rig = nullptr;

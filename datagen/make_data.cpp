@@ -19,7 +19,7 @@
 // samples/Sample.gen, samples/Sample.gno: a Melk genome of one gene of every kind, each with
 //                               a caption, the first with a note.
 #include "core/Gene.h"
-#include "core/Prompt.h"
+#include "core/AutoPrompt.h"
 #include "core/Session.h"
 #include "core/genes/BodyGenes.h"
 #include "core/genes/BrainLobe.h"
@@ -31,33 +31,6 @@
 #include <QTextStream>
 
 namespace {
-// Reports on the console whatever the writers would show the user.
-class ConsolePrompt : public Prompt
-{
-public:
-    int Message(const QString &title, const QString &text, int) override
-    {
-        QTextStream(stderr) << title << ": " << text << '\n';
-        ++messages;
-        return Ok;
-    }
-    // New genes are named from this queue.
-    QStringList captions;
-    QString InputBox(const QString &, const QString &, const QString &) override
-    {
-        return captions.isEmpty() ? QString() : captions.takeFirst();
-    }
-    QString OpenFileName(const QString &, const QString &, const QString &, const QString &) override { return {}; }
-    QString SaveFileName(const QString &, const QString &, const QString &, const QString &) override { return {}; }
-    void ProgressLoad(const QString &) override {}
-    void ProgressShow() override {}
-    bool ProgressVisible() const override { return false; }
-    void ProgressSetValue(int) override {}
-    void ProgressSetStatus(const QString &) override {}
-    void ProgressUnload() override {}
-    void Yield() override {}
-    int messages = 0;
-};
 
 // Puts a file written in the scratch folder into the target under the given name, in place
 // of an older one of any length.
@@ -72,7 +45,7 @@ bool Place(const QString &from, const QString &to)
 }
 
 // A small genome of one gene of each kind, made through the program's own gene commands.
-bool WriteSample(Session &session, ConsolePrompt &prompt, const QDir &folder)
+bool WriteSample(Session &session, AutoPrompt &prompt, const QDir &folder)
 {
     session.NewGenome();
     session.CaptionStore.SetAnnotation(2, 1, 1, QStringLiteral("A sample genome made by Helixbench: one gene of every kind."));
@@ -80,7 +53,7 @@ bool WriteSample(Session &session, ConsolePrompt &prompt, const QDir &folder)
         const GeneKindInfo &kind = GeneKinds::At(k);
         if (kind.type == 2 && kind.subType == 1)
             continue; // the genus gene is already there
-        prompt.captions << QStringLiteral("Sample");
+        prompt.inputs << QStringLiteral("Sample");
         if (!session.CreateGene(kind.type, kind.subType, true))
             return false;
     }
@@ -109,7 +82,8 @@ int main(int argc, char **argv)
     // A fresh scratch folder: the writers keep the tail of an older, longer file, and the
     // shipped files must hold nothing but the lists.
     QTemporaryDir scratch;
-    ConsolePrompt prompt;
+    AutoPrompt prompt;
+    prompt.echo = true; // whatever the writers would show the user
     Session session(prompt);
     session.AppDirectory = scratch.path();
 

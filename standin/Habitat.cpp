@@ -1,6 +1,6 @@
 #include "Habitat.h"
 
-#include "core/Prompt.h"
+#include "core/AutoPrompt.h"
 #include "core/Session.h"
 
 #include <QCoreApplication>
@@ -15,26 +15,7 @@
 
 namespace {
 // The stand-in's answer to every question of the genome reader: yes.
-class YesPrompt : public Prompt
-{
-public:
-    int questions = 0;
-    int Message(const QString &, const QString &, int) override
-    {
-        ++questions;
-        return Yes;
-    }
-    QString InputBox(const QString &, const QString &, const QString &preset) override { return preset; }
-    QString OpenFileName(const QString &, const QString &, const QString &, const QString &) override { return {}; }
-    QString SaveFileName(const QString &, const QString &, const QString &, const QString &) override { return {}; }
-    void ProgressLoad(const QString &) override {}
-    void ProgressShow() override {}
-    bool ProgressVisible() const override { return false; }
-    void ProgressSetValue(int) override {}
-    void ProgressSetStatus(const QString &) override {}
-    void ProgressUnload() override {}
-    void Yield() override {}
-};
+using YesPrompt = AutoPrompt;
 
 } // namespace
 
@@ -145,7 +126,7 @@ QString Habitat::CheckEgg() const
     if (!session.DecodeGenome())
         return QStringLiteral("egg: wisp.gen does not decode");
     QString detail = QStringLiteral("egg: decoded %1 genes, %2 bytes").arg(session.GeneCount).arg(bytes.size());
-    if (prompt.questions > 0)
-        detail += QStringLiteral(", %1 questions answered yes").arg(prompt.questions);
+    if (prompt.messages > 0)
+        detail += QStringLiteral(", %1 messages answered").arg(prompt.messages);
     return detail;
 }
