@@ -6,16 +6,7 @@
 class Session;
 
 // Benchmarks run without dialogs and can check that a run was silent.
-using BenchPrompt = AutoPrompt; }
-    QString SaveFileName(const QString &, const QString &, const QString &, const QString &) override { return {}; }
-    void ProgressLoad(const QString &) override {}
-    void ProgressShow() override {}
-    bool ProgressVisible() const override { return false; }
-    void ProgressSetValue(int) override {}
-    void ProgressSetStatus(const QString &) override {}
-    void ProgressUnload() override {}
-    void Yield() override {}
-};
+using BenchPrompt = AutoPrompt;
 
 // A genome of the size and mix of a real one: 900 genes of all sixteen kinds, organs
 // followed by their receptors, emitters and reactions, brain lobes with rules, and every
