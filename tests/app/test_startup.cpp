@@ -1,12 +1,12 @@
 // Start-up and quit of the main window: the order of start-up, the first-run welcome, the
 // window's fixed texts, and the questions asked before the window closes.
 #include "core/Session.h"
-#include "support/ScriptedPrompt.h"
+#include "support/ShownText.h"
+#include "support/StoredPreferences.h"
 #include "support/TestEnv.h"
 #include "views/HelixbenchForm.h"
 
 #include <QLabel>
-#include <QSettings>
 #include <QTabWidget>
 #include <QtTest>
 
@@ -30,16 +30,9 @@ public:
 };
 
 const QString QuitQuestion = QStringLiteral("Are you sure you wish to quit?");
-const QString ChemicalQuestion = QStringLiteral("The Chemical list has changed. Save changes?");
-const QString PoseQuestion = QStringLiteral("The Pose list has changed. Save changes?");
-const QString ScriptQuestion = QStringLiteral("The macro script list has changed. Save changes?");
-
-QVariant StoredPreference(const QString &name)
-{
-    QSettings store(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("Helixbench 2"));
-    return store.value(QStringLiteral("Preferences/") + name);
-}
-
+const QString Chemicals = QStringLiteral("The Chemical list has changed. Save changes?");
+const QString Poses = QStringLiteral("The Pose list has changed. Save changes?");
+const QString Scripts = QStringLiteral("The macro script list has changed. Save changes?");
 } // namespace
 
 class TestStartup : public QObject
@@ -53,12 +46,12 @@ private slots:
         appDir.reset(new QTemporaryDir);
         prompt.Clear();
         session.reset(new Session(prompt));
+        form.reset(new HelixbenchForm(*session));
     }
 
     void cleanup()
     {
-        if (form)
-            session->QuitConfirm = false; // let the window go without questions
+        session->QuitConfirm = false; // let the window go without questions
         form.reset();
         session.reset();
         QVERIFY2(prompt.AllAnswered(), "a queued answer was not asked for");
@@ -66,23 +59,22 @@ private slots:
 
     void windowBeforeStartup()
     {
-        form.reset(new HelixbenchForm(*session));
         QCOMPARE(form->windowTitle(), QStringLiteral("Helixbench"));
-        QCOMPARE(Tabs(), QStringList({"Cover", "Genotype", "Gene Editor", "Organ View", "Biochemistry", "Poses",
-                                       "Export"}));
+        QStringList tabs;
+        for (int i = 0; i < form->SSTab1->count(); ++i)
+            tabs << form->SSTab1->tabText(i);
+        QCOMPARE(tabs,
+                 QStringList({"Cover", "Genotype", "Gene Editor", "Organ View", "Biochemistry", "Poses", "Export"}));
         QCOMPARE(form->VersionLabel->text(), QStringLiteral("VERSION"));
         QCOMPARE(Panels(), QStringList({"No genome loaded", "No slider data", "Press F1 for help"}));
-        QVERIFY(!session->QuitConfirm);
-
         // Closing before start-up has ended asks nothing.
         form->show();
         QVERIFY(form->close());
-        QVERIFY(prompt.shown.isEmpty());
     }
 
     void startupInOrder()
     {
-        form.reset(new HelixbenchForm(*session));
+        StoredPreferences::Set(QStringLiteral("Compatibility"), QStringLiteral("1"));
         form->SSTab1->setCurrentIndex(4);
         session->PlacementStep = 3;
         session->ChemicalsChanged = session->PosesChanged = session->ScriptsChanged = true;
@@ -90,48 +82,17 @@ private slots:
         StartUp();
         QCOMPARE(session->AppDirectory, appDir->path());
         QCOMPARE(QDir::currentPath(), QDir(appDir->path()).canonicalPath());
-        QCOMPARE(form->SSTab1->currentIndex(), 0);
-        QCOMPARE(form->VersionLabel->text(), QStringLiteral("3.42 mc-c"));
-        QCOMPARE(session->PlacementStep, qint16(999));
-        QVERIFY(!session->ChemicalsChanged && !session->PosesChanged && !session->ScriptsChanged);
-        QVERIFY(session->LastGenomeDirectory.isEmpty());
         QCOMPARE(session->HelpFile, appDir->path() + QStringLiteral("/Helixbench.hlp"));
-        QVERIFY(session->QuitConfirm);
-        // Nothing is loaded by itself.
-        QCOMPARE(session->GeneCount, qint16(0));
+        QCOMPARE(QList<int>({form->SSTab1->currentIndex(), session->PlacementStep, session->ChemicalsChanged,
+                             session->PosesChanged, session->ScriptsChanged, session->QuitConfirm, session->GeneCount}),
+                 QList<int>({0, 999, false, false, false, true, 0}));
+        QCOMPARE(form->VersionLabel->text(), QStringLiteral("3.42 mc-c"));
+        QVERIFY(session->LastGenomeDirectory.isEmpty());
+        QCOMPARE(session->CompatibilityMode, QStringLiteral("1")); // the settings are read
         QCOMPARE(Panels(), QStringList({"No genome loaded", "No slider data", "Press F1 for help"}));
-        QCOMPARE(form->findChild<QLabel *>(QStringLiteral("StatusBar_1")), form->StatusPanel[1]);
-        QCOMPARE(form->findChild<QLabel *>(QStringLiteral("StatusBar_3")), form->StatusPanel[3]);
-    }
-
-    void startupReadsTheSettings()
-    {
-        {
-            QSettings store(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("Helixbench 2"));
-            store.setValue(QStringLiteral("Preferences/Compatibility"), QStringLiteral("1"));
-            store.setValue(QStringLiteral("Preferences/Version"), QStringLiteral("4.2"));
-        }
-        form.reset(new HelixbenchForm(*session));
-        StartUp();
-        QCOMPARE(session->CompatibilityMode, QStringLiteral("1"));
-        QCOMPARE(session->RegistryVersion, QStringLiteral("4.2"));
-        QCOMPARE(session->UseDefaultCaptions, QStringLiteral("0"));
-    }
-
-    void welcomeOnTheFirstStartOnly()
-    {
-        form.reset(new HelixbenchForm(*session));
-        StartUp();
-        QCOMPARE(WelcomesShown(), 1);
-        QCOMPARE(StoredPreference(QStringLiteral("Installed")).toString(), QStringLiteral("yes"));
-
-        session->QuitConfirm = false;
-        form.reset();
-        session.reset(new Session(prompt));
-        prompt.Clear();
-        form.reset(new HelixbenchForm(*session));
-        StartUp();
-        QCOMPARE(WelcomesShown(), 0);
+        // The first start welcomes once.
+        QCOMPARE(prompt.MessageTexts().filter(QStringLiteral("Welcome to the Helixbench!")).size(), 1);
+        QCOMPARE(StoredPreferences::Get(QStringLiteral("Installed")).toString(), QStringLiteral("yes"));
     }
 
     // The reference tables are built around the loads, and the list views fill halfway.
@@ -140,94 +101,69 @@ private slots:
         QStringList steps;
         session->AppDirectory = appDir->path();
         QDir::setCurrent(appDir->path());
-        session->Template.DefaultGeneCounts[0] = 999;
-        session->Template.DefaultGeneCounts[13] = 999;
         session->LayEggOffset = 5000;
+        session->Template.DefaultGeneCounts[0] = 999;
+        const ReferenceTables &t = session->Tables;
         connect(session.get(), &Session::ListViewsMustFill, this, [&] {
-            steps << QStringLiteral("lists");
-            QCOMPARE(int(session->Tables.GeneTypeNames.size()), 4);
-            QCOMPARE(session->Tables.GenotypeCategoryNames.last(), QStringLiteral("END"));
-            QCOMPARE(session->Template.DefaultGeneCounts[0], 27);
-            QCOMPARE(session->Template.DefaultGeneCounts[13], 0);
-            QVERIFY(session->Tables.HalfLifeNames.isEmpty());
-            QCOMPARE(session->LayEggOffset, 5000);
+            steps << t.GenotypeCategoryNames.last();
+            // The template is loaded, the half-lives are not yet named, the egg offset not yet reset.
+            QCOMPARE(QList<int>({session->Template.DefaultGeneCounts[0], int(t.HalfLifeNames.size()),
+                                 session->LayEggOffset}), QList<int>({27, 0, 5000}));
         });
         connect(session.get(), &Session::ExportViewsMustFill, this, [&] {
             steps << QStringLiteral("export");
-            QCOMPARE(session->LayEggOffset, 0);
-            QCOMPARE(int(session->Tables.EggVarietyNames.size()), 18);
-            QVERIFY(session->Tables.LobeNames.isEmpty());
+            QCOMPARE(QList<int>({session->LayEggOffset, int(t.EggVarietyNames.size()), int(t.LobeNames.size())}),
+                     QList<int>({0, 18, 0}));
         });
         prompt.lenient = true;
         session->BuildReferenceTables();
         prompt.lenient = false;
-        QCOMPARE(steps, QStringList({"lists", "export"}));
-        QCOMPARE(int(session->Tables.HalfLifeNames.size()), 32);
-        QCOMPARE(int(session->Tables.SensorimotorEmitterLoci.size()), 14);
-        QCOMPARE(int(session->Tables.BrainReceptorLoci.size()), 59);
-        QCOMPARE(session->Tables.BrainReceptorLoci.at(58), QStringLiteral("Cell(39) State"));
-        QCOMPARE(session->Tables.BrainEmitterLoci.at(3), QStringLiteral("Cell(0) Output"));
-        QCOMPARE(session->Tables.SensorimotorReceptorLoci.at(8), QStringLiteral("<normal walk gait (DO NOT USE)>"));
-        QCOMPARE(session->Tables.SensorimotorReceptorLoci.last(), QStringLiteral("Special gait 15"));
-        QCOMPARE(session->Tables.CirculatoryLoci.last(), QStringLiteral("Floating recep-emit 7"));
+        QCOMPARE(steps, QStringList({"END", "export"}));
+        QCOMPARE(int(t.HalfLifeNames.size()), 32);
     }
 
-    void quitAsksFirst()
+    // The quit question, then one question for each changed list; No or Cancel at the quit
+    // question, or Cancel at a list, keep the window open and the settings unsaved.
+    void quitQuestions_data()
     {
-        form.reset(new HelixbenchForm(*session));
+        QTest::addColumn<bool>("poseOnly");
+        QTest::addColumn<QList<int>>("answers");
+        QTest::addColumn<QStringList>("listQuestions");
+        QTest::addColumn<bool>("closes");
+        QTest::newRow("No") << true << QList<int>({Prompt::No}) << QStringList() << false;
+        QTest::newRow("Cancel") << true << QList<int>({Prompt::Cancel}) << QStringList() << false;
+        QTest::newRow("Cancel at a list") << false << QList<int>({Prompt::Yes, Prompt::Yes, Prompt::Cancel})
+                                          << QStringList({Chemicals, Poses}) << false;
+        QTest::newRow("Yes, one list changed") << true << QList<int>({Prompt::Yes, Prompt::No}) << QStringList({Poses})
+                                               << true;
+        QTest::newRow("Yes, all changed") << false << QList<int>({Prompt::Yes, Prompt::No, Prompt::No, Prompt::No})
+                                          << QStringList({Chemicals, Poses, Scripts}) << true;
+    }
+
+    void quitQuestions()
+    {
+        QFETCH(bool, poseOnly);
+        QFETCH(QList<int>, answers);
+        QFETCH(QStringList, listQuestions);
+        QFETCH(bool, closes);
         StartUp();
         form->show();
-        prompt.Clear();
-        prompt.AnswerMessage(Prompt::No);
-        QVERIFY(!form->close());
-        QVERIFY(form->isVisible());
-        QCOMPARE(prompt.shown.size(), 1);
-        QCOMPARE(prompt.Last().text, QuitQuestion);
-        QCOMPARE(prompt.Last().style, 35);
-        QCOMPARE(prompt.Last().title, QStringLiteral("Helixbench"));
-
-        prompt.AnswerMessage(Prompt::Cancel);
-        QVERIFY(!form->close());
-
-        // Yes with no changed list closes at once and saves the settings.
         prompt.Clear();
         session->RegistryProduct = QStringLiteral("Arkenfold 9");
-        prompt.AnswerMessage(Prompt::Yes);
-        QVERIFY(form->close());
-        QCOMPARE(prompt.MessageTexts(), QStringList({QuitQuestion}));
-        QCOMPARE(StoredPreference(QStringLiteral("Product")).toString(), QStringLiteral("Arkenfold 9"));
-    }
-
-    void quitAsksAboutEachChangedList()
-    {
-        form.reset(new HelixbenchForm(*session));
-        StartUp();
-        form->show();
-        prompt.Clear();
-        session->ChemicalsChanged = session->PosesChanged = session->ScriptsChanged = true;
-        prompt.AnswerMessage(Prompt::Yes).AnswerMessage(Prompt::No).AnswerMessage(Prompt::No).AnswerMessage(Prompt::No);
-        QVERIFY(form->close());
-        QCOMPARE(prompt.MessageTexts(), QStringList({QuitQuestion, ChemicalQuestion, PoseQuestion, ScriptQuestion}));
+        session->PosesChanged = true;
+        session->ChemicalsChanged = session->ScriptsChanged = !poseOnly;
+        for (int answer : answers)
+            prompt.AnswerMessage(answer);
+        QCOMPARE(form->close(), closes);
+        QCOMPARE(form->isVisible(), !closes);
+        QCOMPARE(ShownText(prompt.shown[0]), ShownText("Helixbench", 35, QuitQuestion));
+        QCOMPARE(prompt.MessageTexts(), QStringList({QuitQuestion}) + listQuestions);
         for (const auto &s : prompt.shown)
             QCOMPARE(s.style, 35);
-        QVERIFY(StoredPreference(QStringLiteral("Compatibility")).isValid());
-    }
-
-    void cancelAtAListKeepsTheWindowOpen()
-    {
-        form.reset(new HelixbenchForm(*session));
-        StartUp();
-        form->show();
-        prompt.Clear();
-        session->ChemicalsChanged = session->PosesChanged = true;
-        // Only the chemical and pose lists changed: the script question does not come.
-        prompt.AnswerMessage(Prompt::Yes).AnswerMessage(Prompt::Yes).AnswerMessage(Prompt::Cancel);
-        QVERIFY(!form->close());
-        QVERIFY(form->isVisible());
-        QCOMPARE(prompt.MessageTexts(), QStringList({QuitQuestion, ChemicalQuestion, PoseQuestion}));
-        // The close stopped before the settings were saved.
-        QVERIFY(!StoredPreference(QStringLiteral("Compatibility")).isValid());
-        QVERIFY(session->QuitConfirm);
+        // The settings are saved only when the window closes.
+        QCOMPARE(StoredPreferences::Get(QStringLiteral("Product")).toString(),
+                 QString::fromLatin1(closes ? "Arkenfold 9" : ""));
+        QVERIFY(closes || session->QuitConfirm);
     }
 
 private:
@@ -238,29 +174,12 @@ private:
         prompt.lenient = false;
     }
 
-    int WelcomesShown() const
-    {
-        int n = 0;
-        for (const QString &t : prompt.MessageTexts())
-            n += t.startsWith(QStringLiteral("Welcome to the Helixbench!")) ? 1 : 0;
-        return n;
-    }
-
-    QStringList Tabs() const
-    {
-        QStringList captions;
-        for (int i = 0; i < form->SSTab1->count(); ++i)
-            captions << form->SSTab1->tabText(i);
-        return captions;
-    }
-
+    QLabel *Panel(int i) const { return form->findChild<QLabel *>(QStringLiteral("StatusBar_%1").arg(i)); }
     QStringList Panels() const
     {
         QStringList texts;
-        for (int i = 1; i <= 3; ++i) {
-            const QLabel *panel = form->findChild<QLabel *>(QStringLiteral("StatusBar_%1").arg(i));
-            texts << (panel ? panel->text() : QStringLiteral("<missing panel %1>").arg(i));
-        }
+        for (const QLabel *panel : {Panel(1), Panel(2), Panel(3)})
+            texts << (panel ? panel->text() : QStringLiteral("<missing>"));
         return texts;
     }
 

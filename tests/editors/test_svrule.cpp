@@ -1,32 +1,21 @@
 // The rule dialog and the text of a rule in a label.
-#include "core/Session.h"
+#include "EditorTestKit.h"
 #include "editors/frmSVRule.h"
-#include "support/ScriptedPrompt.h"
-
-#include <QApplication>
-#include <QComboBox>
-#include <QLabel>
-#include <QPushButton>
-#include <QtTest>
 
 namespace {
 using Rule = std::array<quint8, 12>;
 }
-Q_DECLARE_METATYPE(StateRule)
 
 class TestSVRule : public QObject
 {
     Q_OBJECT
-
     ScriptedPrompt prompt;
     std::unique_ptr<Session> session;
-
     QString Text(const StateRule &r) { return StateRuleText(*session, r); }
 
 private slots:
     void init()
     {
-        prompt.Clear();
         session.reset(new Session(prompt));
         session->Tables.Build();
     }
@@ -34,8 +23,7 @@ private slots:
     void ruleText()
     {
         QCOMPARE(Text(std::nullopt), QStringLiteral("<undefined>"));
-        // Tokens behind a leading 0 do not show.
-        QCOMPARE(Text(Rule{0, 5, 6}), QStringLiteral("<undefined>"));
+        QCOMPARE(Text(Rule{0, 5, 6}), QStringLiteral("<undefined>")); // nothing shows behind a leading 0
         QCOMPARE(Text(Rule{5, 31, 2, 0, 9}), QStringLiteral("chem 0:PLUS:1:"));
         QCOMPARE(Text(Rule{200}), QStringLiteral("E!(200): "));
         QCOMPARE(Text(Rule{41, 42}), QStringLiteral("<ERROR>:E!(42): "));
@@ -44,81 +32,46 @@ private slots:
                  QStringLiteral("0:1:64:255:32:128:rnd const:chem 4:chem 5:leak in:leak out:curr src leak in:"));
     }
 
-    void dialogLayout()
+    void dialogKeepsUnknownTokensUntilOk()
     {
         frmSVRule d(*session);
         QCOMPARE(d.windowTitle(), QStringLiteral("State Variable Rule"));
         QVERIFY(d.isModal());
         for (int i = 0; i < 12; ++i) {
-            auto *c = d.findChild<QComboBox *>(QStringLiteral("lstSR_%1").arg(i));
-            QVERIFY(c);
+            auto *c = Child<QComboBox>(&d, QStringLiteral("lstSR_%1").arg(i));
             QCOMPARE(c->count(), 42);
-            QCOMPARE(c->currentIndex(), 0);
+            // Table order, not sorted: the item index is the token.
+            QCOMPARE(c->itemText(22) + c->itemText(25) + c->itemText(41), QStringLiteral("32chem 4<ERROR>"));
         }
-        // Table order, not sorted: the item index is the token.
-        QCOMPARE(d.lstSR[0]->itemText(22), QStringLiteral("32"));
-        QCOMPARE(d.lstSR[11]->itemText(25), QStringLiteral("chem 4"));
-        QCOMPARE(d.lstSR[5]->itemText(41), QStringLiteral("<ERROR>"));
-        // Line 1 stands above line 2.
         d.show();
-        QVERIFY(d.lstSR[0]->geometry().bottom() < d.lstSR[6]->geometry().top());
-        QVERIFY(d.lstSR[0]->geometry().right() < d.lstSR[1]->geometry().left());
-    }
+        QVERIFY(d.lstSR[0]->geometry().bottom() < d.lstSR[6]->geometry().top()); // line 1 above line 2
 
-    void valueKeepsUnknownTokensUntilOk()
-    {
-        frmSVRule d(*session);
         d.SetValue(Rule{0, 7, 200, 41, 255});
         // Tokens after a leading 0 show in the combos; unknown ones show the error word.
-        QCOMPARE(d.lstSR[1]->currentIndex(), 7);
-        QCOMPARE(d.lstSR[2]->currentIndex(), 41);
-        QCOMPARE(d.lstSR[4]->currentIndex(), 41);
-        QCOMPARE(d.Value(), StateRule(Rule{0, 7, 200, 41, 255}));
-
+        QCOMPARE(QList<int>({d.lstSR[1]->currentIndex(), d.lstSR[2]->currentIndex(), d.lstSR[4]->currentIndex()}),
+                 QList<int>({7, 41, 41}));
         d.lstSR[0]->setCurrentIndex(3);
         QCOMPARE(d.Value(), StateRule(Rule{0, 7, 200, 41, 255})); // the combos are not the value
         d.SVOKCommand->click();
         QCOMPARE(d.result(), int(QDialog::Accepted));
         QCOMPARE(d.Value(), StateRule(Rule{3, 7, 41, 41, 41}));
-
-        frmSVRule empty(*session);
-        empty.SetValue(std::nullopt);
-        QCOMPARE(empty.Value(), StateRule(Rule{}));
     }
 
-    void editStateRuleWaysOut_data()
-    {
-        QTest::addColumn<int>("way"); // 0 Ok, 1 Cancel, 2 close box
-        QTest::addColumn<StateRule>("start");
-        QTest::addColumn<StateRule>("result");
-        QTest::newRow("ok takes the combos") << 0 << StateRule(Rule{200, 5}) << StateRule(Rule{9, 5});
-        QTest::newRow("cancel keeps 200") << 1 << StateRule(Rule{200, 5}) << StateRule(Rule{200, 5});
-        QTest::newRow("close box keeps 200") << 2 << StateRule(Rule{200, 5}) << StateRule(Rule{200, 5});
-        QTest::newRow("cancel on absent gives zeros") << 1 << StateRule() << StateRule(Rule{});
-    }
-
+    // Ok takes the combos; Cancel and the close box keep the rule, an absent one as zeros.
     void editStateRuleWaysOut()
     {
-        QFETCH(int, way);
-        QFETCH(StateRule, start);
-        QFETCH(StateRule, result);
-        bool driven = false;
-        QTimer::singleShot(0, [way, &driven] {
-            auto *d = qobject_cast<frmSVRule *>(QApplication::activeModalWidget());
-            if (!d)
-                return;
-            d->lstSR[0]->setCurrentIndex(9);
-            if (way == 0)
-                d->SVOKCommand->click();
-            else if (way == 1)
-                d->SCCancelCommand->click();
-            else
-                d->close();
-            driven = true;
-        });
-        const StateRule got = EditStateRule(*session, start);
-        QVERIFY(driven);
-        QCOMPARE(got, result);
+        const StateRule start(Rule{200, 5});
+        const std::pair<StateRule, StateRule> results[] = {
+            {start, StateRule(Rule{9, 5})}, {start, start}, {start, start}, {std::nullopt, StateRule(Rule{})}};
+        for (int way = 0; way < 4; ++way) {
+            bool driven;
+            WhenModal<frmSVRule>(&driven, [way](frmSVRule *d) {
+                d->lstSR[0]->setCurrentIndex(9);
+                way == 2 ? (void)d->close() : (way == 0 ? d->SVOKCommand : d->SCCancelCommand)->click();
+            });
+            QCOMPARE(EditStateRule(*session, results[way].first), results[way].second);
+            QVERIFY(driven);
+        }
     }
 };
 

@@ -1,29 +1,43 @@
 #pragma once
 // What the link tests share: a bench (session, main window, Export tab) and the stand-in
 // game as a child process with its transaction log.
-#include "core/Gene.h"
 #include "core/Session.h"
 #include "link/ExportTab.h"
 #include "support/ScriptedPrompt.h"
 #include "support/TestEnv.h"
 #include "views/HelixbenchForm.h"
 
+#include <QCheckBox>
+#include <QComboBox>
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QLabel>
+#include <QLineEdit>
 #include <QProcess>
+#include <QPushButton>
+#include <QTreeWidget>
 #include <QtTest>
 
 #include <memory>
 
 namespace LinkTestKit {
 
-inline bool GameOnBus()
+// A session with its main window, started as far as the Export tab needs: all script slots empty.
+struct Bench
 {
-    QDBusConnectionInterface *daemon = QDBusConnection::sessionBus().interface();
-    return daemon && daemon->isServiceRegistered(QStringLiteral("org.arkenfold.Habitat")).value();
-}
+    explicit Bench(ScriptedPrompt &prompt) : session(new Session(prompt)), form(new HelixbenchForm(*session))
+    {
+        tab = form->findChild<ExportTab *>();
+        session->Tables.Build();
+        std::fill_n(session->Lists.ScriptNames.begin(), ExportTab::ScriptSlots, ExportTab::EmptySlot);
+        emit session->ExportViewsMustFill();
+    }
+    std::unique_ptr<Session> session;
+    std::unique_ptr<HelixbenchForm> form;
+    ExportTab *tab = nullptr;
+};
 
 // The stand-in game. Start() returns once it owns its bus name; Stop() once it has let go.
 class Standin
@@ -31,7 +45,6 @@ class Standin
 public:
     explicit Standin(const QString &folder) : folder(folder) {}
     ~Standin() { Stop(); }
-
     QString Genetics() const { return folder + QStringLiteral("/Genetics"); }
 
     bool Start(const QStringList &extra = {})
@@ -41,8 +54,7 @@ public:
         process.reset(new QProcess);
         process->setProcessChannelMode(QProcess::ForwardedErrorChannel);
         process->start(QCoreApplication::applicationDirPath() + QStringLiteral("/habitat-standin"),
-                       QStringList{"--log", LogFile(), "--genetics", Genetics(), "--settings-dir",
-                                   folder + QStringLiteral("/system")} + extra);
+                       QStringList{"--log", LogFile(), "--genetics", Genetics(), "--settings-dir", folder + "/system"} + extra);
         while (process->waitForReadyRead(10000) && !process->canReadLine()) {
         }
         return process->readLine().trimmed() == "ready";
@@ -55,10 +67,10 @@ public:
         process->kill();
         process->waitForFinished(10000);
         process.reset();
-        QTRY_VERIFY_WITH_TIMEOUT(!GameOnBus(), 10000);
+        QTRY_VERIFY_WITH_TIMEOUT(!QDBusConnection::sessionBus().interface()->isServiceRegistered("org.arkenfold.Habitat").value(), 10000);
     }
 
-    // The log, one list of fields for each transaction.
+    // The log: for each transaction its method, topic, item, data, outcome (and the game's note).
     QList<QStringList> Log() const
     {
         QList<QStringList> lines;
@@ -67,17 +79,18 @@ public:
                 lines << QVariant(QJsonDocument::fromJson(line).array().toVariantList()).toStringList();
         return lines;
     }
-    QStringList Methods() const
+    // One field of every transaction, e.g. 0 for the methods in order.
+    QStringList Column(int field) const
     {
-        QStringList methods;
+        QStringList values;
         for (const QStringList &l : Log())
-            methods << l[0];
-        return methods;
+            values << l.value(field);
+        return values;
     }
     // Waits for the closes: they are sent without waiting for the game.
     void WaitForTerminates(int count) const
     {
-        QTRY_COMPARE_WITH_TIMEOUT(Methods().count(QStringLiteral("Terminate")), count, 10000);
+        QTRY_COMPARE_WITH_TIMEOUT(Column(0).count(QStringLiteral("Terminate")), count, 10000);
     }
 
 private:
@@ -86,40 +99,9 @@ private:
     std::unique_ptr<QProcess> process;
 };
 
-// A session with its main window, started as far as the Export tab needs.
-struct Bench
-{
-    explicit Bench(ScriptedPrompt &prompt) : session(new Session(prompt)), form(new HelixbenchForm(*session))
-    {
-        tab = form->findChild<ExportTab *>();
-        session->Tables.Build();
-        for (int i = 0; i < ExportTab::ScriptSlots; ++i)
-            session->Lists.ScriptNames[size_t(i)] = ExportTab::EmptySlot;
-        emit session->ExportViewsMustFill();
-    }
-
-    // The species gene, then genes of the kinds in table order.
-    void MakeGenome(int genes)
-    {
-        session->NewGenome();
-        for (int i = 1; i < genes; ++i) {
-            const GeneKindInfo &kind = GeneKinds::At(i % GeneKinds::Count);
-            QVERIFY(session->CreateGene(kind.type, kind.subType, false));
-            Gene *g = session->GeneAt(i);
-            g->ID = quint8(i);
-            g->Mutability = quint8(i);
-        }
-    }
-
-    std::unique_ptr<Session> session;
-    std::unique_ptr<HelixbenchForm> form;
-    ExportTab *tab = nullptr;
-};
-
 inline QString Fault(const QString &context, int number, const QString &description)
 {
-    return context + QStringLiteral("\n\rDescription: Error ID ") + QString::number(number) + QStringLiteral(" (")
-           + description + QStringLiteral(")");
+    return context + QStringLiteral("\n\rDescription: Error ID %1 (%2)").arg(number).arg(description);
 }
 
 } // namespace LinkTestKit

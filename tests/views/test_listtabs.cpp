@@ -2,12 +2,14 @@
 // lines and the pop-up menus.
 #include "core/Session.h"
 #include "support/ScriptedPrompt.h"
+#include "support/ShownText.h"
 #include "support/TestEnv.h"
 #include "views/ChemicalTab.h"
 #include "views/HelixbenchForm.h"
 #include "views/PoseTab.h"
 
 #include <QAction>
+#include <QDir>
 #include <QLabel>
 #include <QMenu>
 #include <QPushButton>
@@ -24,40 +26,30 @@ class TestListTabs : public QObject
     std::unique_ptr<Session> session;
     std::unique_ptr<HelixbenchForm> form;
 
-    template <typename T> T *Find(const char *name)
-    {
-        T *w = form->findChild<T *>(QString::fromLatin1(name));
-        if (!w)
-            qFatal("no control %s", name);
-        return w;
-    }
+    template <typename T> T *Find(const char *name) { return form->findChild<T *>(QString::fromLatin1(name)); }
     void Click(const char *button) { QTest::mouseClick(Find<QPushButton>(button), Qt::LeftButton); }
-    QTreeWidget *View(const char *name) { return Find<QTreeWidget>(name); }
-    QStringList Row(const char *view, int row)
+    QString Label(const char *name) { return Find<QLabel>(name)->text(); }
+    QString Row(const char *view, int row)
     {
-        QTreeWidgetItem *item = View(view)->topLevelItem(row);
-        return {item->text(0), item->text(1), item->text(2)};
+        QTreeWidgetItem *item = Find<QTreeWidget>(view)->topLevelItem(row);
+        return item->text(0) + QLatin1Char('|') + item->text(1) + QLatin1Char('|') + item->text(2);
     }
-    void Select(const char *view, int row) { View(view)->setCurrentItem(View(view)->topLevelItem(row)); }
+    void Select(const char *view, int row) { Find<QTreeWidget>(view)->setCurrentItem(Find<QTreeWidget>(view)->topLevelItem(row)); }
+    // Fills the views and shows the tab.
+    void Fill(const char *tab)
+    {
+        emit session->ListViewsMustFill();
+        Find<QTabWidget>("SSTab1")->setCurrentWidget(Find<QWidget>(tab));
+    }
+    QString Shown(int i = -1) const { return ShownText(i < 0 ? prompt.Last() : prompt.shown[i]); }
     // A right click on a row: the press selects it, the release opens the pop-up menu.
-    void RightClick(const char *view, int row)
+    QMenu *RightClick(const char *view, int row, const char *menuName)
     {
-        QTreeWidget *v = View(view);
+        auto *v = Find<QTreeWidget>(view);
         v->scrollToItem(v->topLevelItem(row));
-        const QPoint at = v->visualItemRect(v->topLevelItem(row)).center();
-        QTest::mouseClick(v->viewport(), Qt::RightButton, {}, at);
-    }
-    QStringList Entries(QMenu *menu)
-    {
-        QStringList texts;
-        for (QAction *a : menu->actions())
-            texts << (a->isSeparator() ? QStringLiteral("-") : a->text());
-        return texts;
-    }
-    void ShowTab(const char *name)
-    {
-        auto *tabs = Find<QTabWidget>("SSTab1");
-        tabs->setCurrentWidget(Find<QWidget>(name));
+        QTest::mouseClick(v->viewport(), Qt::RightButton, {}, v->visualItemRect(v->topLevelItem(row)).center());
+        auto *menu = Find<QMenu>(menuName);
+        return menu->isVisible() ? menu : nullptr;
     }
 
 private slots:
@@ -76,202 +68,164 @@ private slots:
 
     void cleanup()
     {
-        QVERIFY2(prompt.AllAnswered(), "a prompt that was expected never came");
+        QVERIFY(prompt.AllAnswered());
         form.reset();
         session.reset();
     }
 
     void startUpFillsBothViewsAndTheirCounts()
     {
-        QCOMPARE(Find<QLabel>("ChemCountLabel")->text(), QStringLiteral("No chemicals loaded"));
-        QCOMPARE(Find<QLabel>("PoseCountLabel")->text(), QStringLiteral("No poses loaded"));
-        QCOMPARE(View("ChemicalListView")->topLevelItemCount(), 0);
+        QCOMPARE(Label("ChemCountLabel") + Label("PoseCountLabel"), QStringLiteral("No chemicals loadedNo poses loaded"));
+        QCOMPARE(Find<QTreeWidget>("ChemicalListView")->topLevelItemCount(), 0);
 
         session->Lists.ChemicalNames[0].clear(); // as a file may hold it
         session->Lists.ChemicalNames[5] = QStringLiteral("ATP");
         session->Lists.ChemicalCaptions[5] = QStringLiteral("energy");
         session->Lists.PoseCaptions[3] = QStringLiteral("sitting");
-        emit session->ListViewsMustFill();
-
-        QTreeWidget *chemicals = View("ChemicalListView");
-        QCOMPARE(chemicals->topLevelItemCount(), 256);
-        QCOMPARE(Row("ChemicalListView", 0), QStringList({"0", "<nothing>", ""}));
+        Fill("ChemicalTab");
+        QCOMPARE(Find<QTreeWidget>("ChemicalListView")->topLevelItemCount(), 256);
+        QCOMPARE(Row("ChemicalListView", 0), QStringLiteral("0|<nothing>|"));
         QCOMPARE(session->Lists.ChemicalNames[0], QStringLiteral("<nothing>"));
-        QCOMPARE(Row("ChemicalListView", 5), QStringList({"5", "ATP", "energy"}));
-        QVERIFY(!chemicals->isSortingEnabled());
-        QCOMPARE(chemicals->selectionBehavior(), QAbstractItemView::SelectRows);
-        QCOMPARE(Find<QLabel>("ChemCountLabel")->text(), QStringLiteral(" 2 chemical(s) in use, 254 slots free"));
-
-        QTreeWidget *poses = View("PoseListView");
-        QCOMPARE(poses->topLevelItemCount(), 256);
-        QCOMPARE(Row("PoseListView", 3), QStringList({"3", "3", "sitting"}));
-        QCOMPARE(Find<QLabel>("PoseCountLabel")->text(), QStringLiteral(" 1 pose(s) in use, 255 slots free"));
+        QCOMPARE(Row("ChemicalListView", 5), QStringLiteral("5|ATP|energy"));
+        QCOMPARE(Label("ChemCountLabel"), QStringLiteral(" 2 chemical(s) in use, 254 slots free"));
+        QCOMPARE(Find<QTreeWidget>("PoseListView")->topLevelItemCount(), 256);
+        QCOMPARE(Row("PoseListView", 3), QStringLiteral("3|3|sitting"));
+        QCOMPARE(Label("PoseCountLabel"), QStringLiteral(" 1 pose(s) in use, 255 slots free"));
     }
 
     void chemicalCommandsAskStoreAndRecount()
     {
         session->Lists.ChemicalNames[1] = QStringLiteral("ATP");
-        emit session->ListViewsMustFill();
-        ShowTab("ChemicalTab");
-
+        Fill("ChemicalTab");
         prompt.AnswerMessage(Prompt::Ok);
         Click("RenameChemicalCommand");
-        QCOMPARE(prompt.Last().text, QStringLiteral("Nothing selected"));
-        QCOMPARE(prompt.Last().style, 48);
+        QCOMPARE(Shown(), QStringLiteral("Helixbench|48|Nothing selected"));
 
         // Add needs no row: it takes the first free slot, 2.
         prompt.Clear();
         prompt.AnswerInput(QStringLiteral("Glucose")).AnswerInput(QStringLiteral("sugar"));
         Click("AddChemicalCommand");
-        QCOMPARE(prompt.shown[0].title, QStringLiteral("Name new Chemical"));
-        QCOMPARE(prompt.shown[0].text, QStringLiteral("Enter a name for chemical 2 [<un-named chemical>]"));
-        QCOMPARE(prompt.shown[1].text, QStringLiteral("Enter a caption for chemical 2 [<no-caption>]"));
-        QCOMPARE(Row("ChemicalListView", 2), QStringList({"2", "Glucose", "sugar"}));
-        QCOMPARE(Find<QLabel>("ChemCountLabel")->text(), QStringLiteral(" 3 chemical(s) in use, 253 slots free"));
+        QCOMPARE(Shown(0), QStringLiteral("Name new Chemical|0|Enter a name for chemical 2 [<un-named chemical>]"));
+        QCOMPARE(Shown(1), QStringLiteral("Caption for new Chemical|0|Enter a caption for chemical 2 [<no-caption>]"));
+        QCOMPARE(Row("ChemicalListView", 2), QStringLiteral("2|Glucose|sugar"));
+        QCOMPARE(Label("ChemCountLabel"), QStringLiteral(" 3 chemical(s) in use, 253 slots free"));
         QVERIFY(session->ChemicalsChanged);
 
         // Cancel in the second box stores nothing, not even the first answer.
         prompt.AnswerInput(QStringLiteral("Lactate")).AnswerInput(QString());
         Click("AddChemicalCommand");
-        QCOMPARE(Row("ChemicalListView", 3), QStringList({"3", "3", ""}));
+        QCOMPARE(Row("ChemicalListView", 3), QStringLiteral("3|3|"));
         QCOMPARE(session->Lists.ChemicalNames[3], QStringLiteral("3"));
 
         // Add Here over a named slot asks first; No ends it.
-        prompt.Clear();
         Select("ChemicalListView", 2);
         prompt.AnswerMessage(Prompt::No);
         Click("AddHereCommand");
-        QCOMPARE(prompt.shown.size(), 1);
-        QCOMPARE(prompt.Last().text, QStringLiteral("Are you sure you wish to write over 'Glucose'"));
-        QCOMPARE(prompt.Last().style, 35);
+        QCOMPARE(Shown(), QStringLiteral("Helixbench|35|Are you sure you wish to write over 'Glucose'"));
 
-        prompt.Clear();
-        prompt.AnswerInput(QStringLiteral("Dextrose"));
+        prompt.AnswerInput(QStringLiteral("Dextrose")).AnswerInput(QStringLiteral("fuel"));
         Click("RenameChemicalCommand");
-        QCOMPARE(prompt.Last().title, QStringLiteral("Rename Chemical"));
-        QCOMPARE(prompt.Last().text, QStringLiteral("Rename Chemical 'Glucose' [Glucose]"));
-        prompt.AnswerInput(QStringLiteral("fuel"));
+        QCOMPARE(Shown(), QStringLiteral("Rename Chemical|0|Rename Chemical 'Glucose' [Glucose]"));
         Click("CaptionChemicalCommand");
-        QCOMPARE(prompt.Last().title, QStringLiteral("Edit Chemical Caption"));
-        QCOMPARE(prompt.Last().text, QStringLiteral("Edit Caption 'sugar' [sugar]"));
-        QCOMPARE(Row("ChemicalListView", 2), QStringList({"2", "Dextrose", "fuel"}));
+        QCOMPARE(Shown(), QStringLiteral("Edit Chemical Caption|0|Edit Caption 'sugar' [sugar]"));
+        QCOMPARE(Row("ChemicalListView", 2), QStringLiteral("2|Dextrose|fuel"));
 
-        prompt.Clear();
-        prompt.AnswerMessage(Prompt::Yes);
+        prompt.AnswerMessage(Prompt::Yes).AnswerMessage(Prompt::Ok);
         Click("DeleteChemicalCommand");
         QCOMPARE(prompt.Last().text, QStringLiteral("Are you sure you wish to delete 'Dextrose'?"));
-        QCOMPARE(Row("ChemicalListView", 2), QStringList({"2", "2", ""}));
-        QCOMPARE(Find<QLabel>("ChemCountLabel")->text(), QStringLiteral(" 2 chemical(s) in use, 254 slots free"));
-        prompt.AnswerMessage(Prompt::Ok);
+        QCOMPARE(Row("ChemicalListView", 2), QStringLiteral("2|2|"));
+        QCOMPARE(Label("ChemCountLabel"), QStringLiteral(" 2 chemical(s) in use, 254 slots free"));
         Click("DeleteChemicalCommand");
         QCOMPARE(prompt.Last().text, QStringLiteral("Chemical 2 is already deleted"));
     }
 
     void poseCommandsTreatPoseZeroLikeAnyOther()
     {
-        emit session->ListViewsMustFill();
-        ShowTab("PoseTab");
+        Fill("PoseTab");
         Select("PoseListView", 0);
-        prompt.AnswerMessage(Prompt::Ok);
+        prompt.AnswerMessage(Prompt::Ok).AnswerInput(QStringLiteral("Sit"));
         Click("DeletePoseCommand");
         QCOMPARE(prompt.Last().text, QStringLiteral("Pose 0 is already deleted"));
         QVERIFY(!session->PosesChanged);
-
-        prompt.AnswerInput(QStringLiteral("Sit"));
         Click("RenamePoseCommand");
-        QCOMPARE(prompt.Last().title, QStringLiteral("Rename Pose"));
-        QCOMPARE(prompt.Last().text, QStringLiteral("Rename Pose '0' [0]"));
-        QCOMPARE(Find<QLabel>("PoseCountLabel")->text(), QStringLiteral(" 1 pose(s) in use, 255 slots free"));
+        QCOMPARE(Shown(), QStringLiteral("Rename Pose|0|Rename Pose '0' [0]"));
+        QCOMPARE(Label("PoseCountLabel"), QStringLiteral(" 1 pose(s) in use, 255 slots free"));
 
         Select("PoseListView", 10);
         prompt.AnswerInput(QStringLiteral("Walk")).AnswerInput(QStringLiteral("legs moving"));
         Click("RenamePoseCommand");
         Click("CaptionPoseCommand");
-        QCOMPARE(prompt.Last().title, QStringLiteral("Describe Pose"));
-        QCOMPARE(prompt.Last().text, QStringLiteral("Describe Pose 'Walk' []"));
-        QCOMPARE(Row("PoseListView", 10), QStringList({"10", "Walk", "legs moving"}));
-        QCOMPARE(Find<QLabel>("PoseCountLabel")->text(), QStringLiteral(" 2 pose(s) in use, 254 slots free"));
-        QVERIFY(session->PosesChanged);
-
+        QCOMPARE(Shown(), QStringLiteral("Describe Pose|0|Describe Pose 'Walk' []"));
+        QCOMPARE(Row("PoseListView", 10), QStringLiteral("10|Walk|legs moving"));
+        QCOMPARE(Label("PoseCountLabel"), QStringLiteral(" 2 pose(s) in use, 254 slots free"));
         prompt.AnswerMessage(Prompt::Yes);
         Click("DeletePoseCommand");
-        QCOMPARE(Row("PoseListView", 10), QStringList({"10", "10", ""}));
+        QCOMPARE(Row("PoseListView", 10), QStringLiteral("10|10|"));
     }
 
-    void popUpMenusOpenOnRightReleaseWithTheirDefaults()
+    void popUpMenusAndTheirSaveEntries()
     {
+        auto entries = [](QMenu *menu) {
+            QStringList texts;
+            for (QAction *a : menu->actions())
+                texts << (a->isSeparator() ? QStringLiteral("-") : a->text());
+            return texts;
+        };
         session->Lists.ChemicalNames[5] = QStringLiteral("ATP");
-        emit session->ListViewsMustFill();
-        ShowTab("ChemicalTab");
-
-        auto *menu = Find<QMenu>("mnuChemicalPopUp");
-        RightClick("ChemicalListView", 5);
-        QVERIFY(menu->isVisible());
-        QCOMPARE(SelectedNameListSlot(View("ChemicalListView")), 5);
+        Fill("ChemicalTab");
+        QMenu *menu = RightClick("ChemicalListView", 5, "mnuChemicalPopUp");
+        QVERIFY(menu);
+        QCOMPARE(SelectedNameListSlot(Find<QTreeWidget>("ChemicalListView")), 5);
         QCOMPARE(menu->defaultAction(), Find<QAction>("mnuChemicalRename"));
-        QCOMPARE(Entries(menu), QStringList({"&Rename", "&Edit Description", "&Delete", "-", "&New Chemical Here",
+        QCOMPARE(entries(menu), QStringList({"&Rename", "&Edit Description", "&Delete", "-", "&New Chemical Here",
                                              "Ne&w Chemical", "-", "&Save Changes"}));
         QVERIFY(!Find<QAction>("mnuChemicalSaveChanges")->isEnabled());
+        menu->hide();
 
         prompt.AnswerInput(QStringLiteral("Adenosine"));
-        menu->hide();
         Find<QAction>("mnuChemicalRename")->trigger();
-        QCOMPARE(Row("ChemicalListView", 5)[1], QStringLiteral("Adenosine"));
-        RightClick("ChemicalListView", 5);
+        QCOMPARE(Row("ChemicalListView", 5), QStringLiteral("5|Adenosine|"));
+        QVERIFY(RightClick("ChemicalListView", 5, "mnuChemicalPopUp"));
         QVERIFY(Find<QAction>("mnuChemicalSaveChanges")->isEnabled());
         menu->hide();
-
-        // Saving clears the flag, and the entry follows it.
         Find<QAction>("mnuChemicalSaveChanges")->trigger();
         QVERIFY(!session->ChemicalsChanged);
         QVERIFY(QFile::exists(sandbox->path() + QStringLiteral("/Chemicals.txt")));
-        RightClick("ChemicalListView", 5);
-        QVERIFY(!Find<QAction>("mnuChemicalSaveChanges")->isEnabled());
-        menu->hide();
 
-        ShowTab("PoseTab");
-        auto *poseMenu = Find<QMenu>("mnuPosePopUp");
-        RightClick("PoseListView", 7);
-        QVERIFY(poseMenu->isVisible());
-        QCOMPARE(poseMenu->title(), QStringLiteral("PopUp3"));
-        QCOMPARE(poseMenu->defaultAction(), Find<QAction>("mnuPoseRename"));
-        QCOMPARE(Entries(poseMenu), QStringList({"&Rename", "&Edit Description", "&Delete", "-", "&Save Changes"}));
+        Fill("PoseTab");
+        menu = RightClick("PoseListView", 7, "mnuPosePopUp");
+        QVERIFY(menu);
+        QCOMPARE(menu->title(), QStringLiteral("PopUp3"));
+        QCOMPARE(menu->defaultAction(), Find<QAction>("mnuPoseRename"));
+        QCOMPARE(entries(menu), QStringList({"&Rename", "&Edit Description", "&Delete", "-", "&Save Changes"}));
         QVERIFY(!Find<QAction>("mnuPoseSaveChanges")->isEnabled());
-        poseMenu->hide();
+        menu->hide();
     }
 
     void menuSaveCommandsSaveOnlyWhatChanged()
     {
-        emit session->ListViewsMustFill();
-        auto *chemicals = form->findChild<ChemicalTab *>();
+        Fill("PoseTab");
         auto *poses = form->findChild<PoseTab *>();
         prompt.AnswerMessage(Prompt::Ok).AnswerMessage(Prompt::Ok);
-        chemicals->SaveChemicalListCommand();
+        form->findChild<ChemicalTab *>()->SaveChemicalListCommand();
         poses->SavePoseListCommand();
-        QCOMPARE(prompt.MessageTexts(), QStringList({"No changes to save, operation canceled",
-                                                     "No changes to save, operation canceled"}));
-        QCOMPARE(prompt.Last().style, 64);
-        QVERIFY(!QFile::exists(sandbox->path() + QStringLiteral("/Chemicals.txt")));
-        QVERIFY(!QFile::exists(sandbox->path() + QStringLiteral("/PoseName.txt")));
+        QCOMPARE(Shown(0), QStringLiteral("Helixbench|64|No changes to save, operation canceled"));
+        QCOMPARE(Shown(1), Shown(0));
+        QCOMPARE(QDir(sandbox->path()).entryList({"*.txt"}), QStringList());
 
         // Renaming to the same text still counts as a change.
         Select("PoseListView", 4);
         prompt.AnswerInput(QStringLiteral("4"));
-        poses->RenamePose();
-        QVERIFY(session->PosesChanged);
+        Click("RenamePoseCommand");
         poses->SavePoseListCommand();
         QVERIFY(!session->PosesChanged);
-        QCOMPARE(TestFiles::Read(sandbox->path() + QStringLiteral("/PoseName.txt")).left(6),
-                 QByteArray("\x01\x00" "0" "\x01\x00" "1", 6));
-    }
+        QCOMPARE(TestFiles::Read(sandbox->path() + QStringLiteral("/PoseName.txt")).left(6), QByteArray("\x01\x00" "0" "\x01\x00" "1", 6));
 
-    void aRowThatIsMissingIsReported()
-    {
+        // A row that is missing is reported.
         QTreeWidget empty;
         prompt.AnswerMessage(Prompt::Ok);
         UpdateChemicalPoseInPlace(*session, 1, &empty, 12);
-        QCOMPARE(prompt.Last().text, QStringLiteral("Error finding list key in UpdateChemicalPoseInPlace()"));
-        QCOMPARE(prompt.Last().style, 16);
+        QCOMPARE(Shown(), QStringLiteral("Helixbench|16|Error finding list key in UpdateChemicalPoseInPlace()"));
     }
 };
 
