@@ -1,7 +1,7 @@
-// Start-up and quit of the main window: the order of start-up, the first-run welcome, the
-// window's fixed texts, and the questions asked before the window closes.
+// Start-up and quit of the main window: the order of start-up, the window's fixed texts, and
+// the questions asked before the window closes.
 #include "core/Session.h"
-#include "support/ShownText.h"
+#include "support/ScriptedPrompt.h"
 #include "support/StoredPreferences.h"
 #include "support/TestEnv.h"
 #include "views/HelixbenchForm.h"
@@ -11,28 +11,19 @@
 #include <QtTest>
 
 namespace {
-
-// The vocabulary loaders of start-up report missing files in their own words. While
-// `lenient` is set, such plain Ok boxes are recorded and answered without being queued;
-// any other prompt still needs a queued answer.
+// The vocabulary loaders of start-up report missing files in their own words: plain Ok boxes
+// that come when no answer is queued are recorded and answered; any other prompt needs a queued answer.
 class StartupPrompt : public ScriptedPrompt
 {
 public:
-    bool lenient = false;
     int Message(const QString &title, const QString &text, int style) override
     {
-        if (lenient && AllAnswered() && (style & 15) == 0) {
-            shown.append({QStringLiteral("message"), title, text, style});
-            return Ok;
-        }
-        return ScriptedPrompt::Message(title, text, style);
+        if (!AllAnswered() || (style & 15) != 0)
+            return ScriptedPrompt::Message(title, text, style);
+        shown.append({QStringLiteral("message"), title, text, style});
+        return Ok;
     }
 };
-
-const QString QuitQuestion = QStringLiteral("Are you sure you wish to quit?");
-const QString Chemicals = QStringLiteral("The Chemical list has changed. Save changes?");
-const QString Poses = QStringLiteral("The Pose list has changed. Save changes?");
-const QString Scripts = QStringLiteral("The macro script list has changed. Save changes?");
 } // namespace
 
 class TestStartup : public QObject
@@ -43,7 +34,6 @@ private slots:
     void init()
     {
         sandbox.reset(new SettingsSandbox);
-        appDir.reset(new QTemporaryDir);
         prompt.Clear();
         session.reset(new Session(prompt));
         form.reset(new HelixbenchForm(*session));
@@ -53,139 +43,87 @@ private slots:
     {
         session->QuitConfirm = false; // let the window go without questions
         form.reset();
-        session.reset();
         QVERIFY2(prompt.AllAnswered(), "a queued answer was not asked for");
     }
 
-    void windowBeforeStartup()
-    {
-        QCOMPARE(form->windowTitle(), QStringLiteral("Helixbench"));
-        QStringList tabs;
-        for (int i = 0; i < form->SSTab1->count(); ++i)
-            tabs << form->SSTab1->tabText(i);
-        QCOMPARE(tabs,
-                 QStringList({"Cover", "Genotype", "Gene Editor", "Organ View", "Biochemistry", "Poses", "Export"}));
-        QCOMPARE(form->VersionLabel->text(), QStringLiteral("VERSION"));
-        QCOMPARE(Panels(), QStringList({"No genome loaded", "No slider data", "Press F1 for help"}));
-        // Closing before start-up has ended asks nothing.
-        form->show();
-        QVERIFY(form->close());
-    }
-
+    // Title, version label, tabs and status panels before start-up (the quit question is not armed
+    // yet: see the rows). Then start-up in order: one row of the session's state at each step, the list views filling
+    // halfway through the reference tables, the export views after the egg offset is reset.
     void startupInOrder()
     {
+        QStringList texts = {form->windowTitle(), form->VersionLabel->text()};
+        for (int i = 0; i < form->SSTab1->count(); ++i)
+            texts << form->SSTab1->tabText(i);
+        for (int i = 1; i <= 3; ++i)
+            texts << form->findChild<QLabel *>(QStringLiteral("StatusBar_%1").arg(i))->text();
+        QCOMPARE(texts, QStringList({"Helixbench", "VERSION", "Cover", "Genotype", "Gene Editor", "Organ View",
+                                     "Biochemistry", "Poses", "Export", "No genome loaded", "No slider data",
+                                     "Press F1 for help"}));
+
         StoredPreferences::Set(QStringLiteral("Compatibility"), QStringLiteral("1"));
         form->SSTab1->setCurrentIndex(4);
         session->PlacementStep = 3;
         session->ChemicalsChanged = session->PosesChanged = session->ScriptsChanged = true;
-        session->LastGenomeDirectory = QStringLiteral("/old/");
-        StartUp();
-        QCOMPARE(session->AppDirectory, appDir->path());
-        QCOMPARE(QDir::currentPath(), QDir(appDir->path()).canonicalPath());
-        QCOMPARE(session->HelpFile, appDir->path() + QStringLiteral("/Helixbench.hlp"));
-        QCOMPARE(QList<int>({form->SSTab1->currentIndex(), session->PlacementStep, session->ChemicalsChanged,
-                             session->PosesChanged, session->ScriptsChanged, session->QuitConfirm, session->GeneCount}),
-                 QList<int>({0, 999, false, false, false, true, 0}));
-        QCOMPARE(form->VersionLabel->text(), QStringLiteral("3.42 mc-c"));
-        QVERIFY(session->LastGenomeDirectory.isEmpty());
-        QCOMPARE(session->CompatibilityMode, QStringLiteral("1")); // the settings are read
-        QCOMPARE(Panels(), QStringList({"No genome loaded", "No slider data", "Press F1 for help"}));
-        // The first start welcomes once.
-        QCOMPARE(prompt.MessageTexts().filter(QStringLiteral("Welcome to the Helixbench!")).size(), 1);
-        QCOMPARE(StoredPreferences::Get(QStringLiteral("Installed")).toString(), QStringLiteral("yes"));
-    }
-
-    // The reference tables are built around the loads, and the list views fill halfway.
-    void referenceTablesInOrder()
-    {
-        QStringList steps;
-        session->AppDirectory = appDir->path();
-        QDir::setCurrent(appDir->path());
         session->LayEggOffset = 5000;
         session->Template.DefaultGeneCounts[0] = 999;
-        const ReferenceTables &t = session->Tables;
-        connect(session.get(), &Session::ListViewsMustFill, this, [&] {
-            steps << t.GenotypeCategoryNames.last();
-            // The template is loaded, the half-lives are not yet named, the egg offset not yet reset.
-            QCOMPARE(QList<int>({session->Template.DefaultGeneCounts[0], int(t.HalfLifeNames.size()),
-                                 session->LayEggOffset}), QList<int>({27, 0, 5000}));
-        });
-        connect(session.get(), &Session::ExportViewsMustFill, this, [&] {
-            steps << QStringLiteral("export");
-            QCOMPARE(QList<int>({session->LayEggOffset, int(t.EggVarietyNames.size()), int(t.LobeNames.size())}),
-                     QList<int>({0, 18, 0}));
-        });
-        prompt.lenient = true;
-        session->BuildReferenceTables();
-        prompt.lenient = false;
-        QCOMPARE(steps, QStringList({"END", "export"}));
-        QCOMPARE(int(t.HalfLifeNames.size()), 32);
+        QList<QList<int>> rows;
+        // Tab shown, genotype categories, template's first count, half-life names, egg offset, egg varieties,
+        // lobe names, placement step, a list changed, compatibility mode, quit question armed, welcomes shown.
+        auto row = [&, &s = *session, &t = session->Tables] {
+            rows << QList<int>({form->SSTab1->currentIndex(), int(t.GenotypeCategoryNames.size()),
+                                s.Template.DefaultGeneCounts[0], int(t.HalfLifeNames.size()), s.LayEggOffset,
+                                int(t.EggVarietyNames.size()), int(t.LobeNames.size()), s.PlacementStep,
+                                s.ChemicalsChanged || s.PosesChanged || s.ScriptsChanged,
+                                s.CompatibilityMode.toInt(), s.QuitConfirm,
+                                int(prompt.MessageTexts().filter("Welcome to the Helixbench!").size())});
+        };
+        connect(session.get(), &Session::ListViewsMustFill, this, row);
+        connect(session.get(), &Session::ExportViewsMustFill, this, row);
+        form->Startup(appDir.path());
+        row();
+        QCOMPARE(rows, QList<QList<int>>({{0, 15, 27, 0, 5000, 18, 0, 3, 1, 0, 0, 0},
+                                          {0, 15, 27, 0, 0, 18, 0, 3, 1, 0, 0, 0},
+                                          {0, 15, 27, 32, 0, 18, 8, 999, 0, 1, 1, 1}}));
+        const QString dir = appDir.path();
+        QCOMPARE(QStringList({session->AppDirectory, QDir::currentPath(), session->HelpFile, form->VersionLabel->text()}),
+                 QStringList({dir, QDir(dir).canonicalPath(), dir + "/Helixbench.hlp", "3.42 mc-c"}));
     }
 
-    // The quit question, then one question for each changed list; No or Cancel at the quit
-    // question, or Cancel at a list, keep the window open and the settings unsaved.
-    void quitQuestions_data()
-    {
-        QTest::addColumn<bool>("poseOnly");
-        QTest::addColumn<QList<int>>("answers");
-        QTest::addColumn<QStringList>("listQuestions");
-        QTest::addColumn<bool>("closes");
-        QTest::newRow("No") << true << QList<int>({Prompt::No}) << QStringList() << false;
-        QTest::newRow("Cancel") << true << QList<int>({Prompt::Cancel}) << QStringList() << false;
-        QTest::newRow("Cancel at a list") << false << QList<int>({Prompt::Yes, Prompt::Yes, Prompt::Cancel})
-                                          << QStringList({Chemicals, Poses}) << false;
-        QTest::newRow("Yes, one list changed") << true << QList<int>({Prompt::Yes, Prompt::No}) << QStringList({Poses})
-                                               << true;
-        QTest::newRow("Yes, all changed") << false << QList<int>({Prompt::Yes, Prompt::No, Prompt::No, Prompt::No})
-                                          << QStringList({Chemicals, Poses, Scripts}) << true;
-    }
-
+    // The quit question, then one question for each changed list; No at the quit question, or
+    // Cancel at a list, keep the window open and the settings unsaved.
     void quitQuestions()
     {
-        QFETCH(bool, poseOnly);
-        QFETCH(QList<int>, answers);
-        QFETCH(QStringList, listQuestions);
-        QFETCH(bool, closes);
-        StartUp();
-        form->show();
-        prompt.Clear();
-        session->RegistryProduct = QStringLiteral("Arkenfold 9");
-        session->PosesChanged = true;
-        session->ChemicalsChanged = session->ScriptsChanged = !poseOnly;
-        for (int answer : answers)
-            prompt.AnswerMessage(answer);
-        QCOMPARE(form->close(), closes);
-        QCOMPARE(form->isVisible(), !closes);
-        QCOMPARE(ShownText(prompt.shown[0]), ShownText("Helixbench", 35, QuitQuestion));
-        QCOMPARE(prompt.MessageTexts(), QStringList({QuitQuestion}) + listQuestions);
-        for (const auto &s : prompt.shown)
-            QCOMPARE(s.style, 35);
-        // The settings are saved only when the window closes.
-        QCOMPARE(StoredPreferences::Get(QStringLiteral("Product")).toString(),
-                 QString::fromLatin1(closes ? "Arkenfold 9" : ""));
-        QVERIFY(closes || session->QuitConfirm);
+        const QString l = QStringLiteral("The %1 list has changed. Save changes?");
+        const QStringList q = {"Are you sure you wish to quit?", l.arg("Chemical"), l.arg("Pose"),
+                               l.arg("macro script")};
+        const struct { bool allChanged; QList<int> answers; QStringList questions; bool closes; } cases[] = {
+            {false, {Prompt::No}, {q[0]}, false},
+            {false, {Prompt::Yes, Prompt::Cancel}, {q[0], q[2]}, false}, // only changed lists are asked about
+            {true, {Prompt::Yes, Prompt::No, Prompt::No, Prompt::No}, q, true}};
+        for (const auto &c : cases) {
+            cleanup();
+            init();
+            session->QuitConfirm = true; // as start-up leaves it
+            form->show();
+            session->RegistryProduct = QStringLiteral("Arkenfold 9");
+            session->PosesChanged = true;
+            session->ChemicalsChanged = session->ScriptsChanged = c.allChanged;
+            for (int answer : c.answers)
+                prompt.AnswerMessage(answer);
+            QCOMPARE(QList<bool>({form->close(), form->isVisible()}), QList<bool>({c.closes, !c.closes}));
+            QCOMPARE(prompt.MessageTexts(), c.questions);
+            for (const auto &s : prompt.shown)
+                QCOMPARE(s.title + QString::number(s.style), QStringLiteral("Helixbench35"));
+            // The settings are saved only when the window closes.
+            QCOMPARE(StoredPreferences::Get(QStringLiteral("Product")).toString(),
+                     QString::fromLatin1(c.closes ? "Arkenfold 9" : ""));
+        }
     }
 
 private:
-    void StartUp()
-    {
-        prompt.lenient = true;
-        form->Startup(appDir->path());
-        prompt.lenient = false;
-    }
-
-    QLabel *Panel(int i) const { return form->findChild<QLabel *>(QStringLiteral("StatusBar_%1").arg(i)); }
-    QStringList Panels() const
-    {
-        QStringList texts;
-        for (const QLabel *panel : {Panel(1), Panel(2), Panel(3)})
-            texts << (panel ? panel->text() : QStringLiteral("<missing>"));
-        return texts;
-    }
-
     StartupPrompt prompt;
+    QTemporaryDir appDir;
     std::unique_ptr<SettingsSandbox> sandbox;
-    std::unique_ptr<QTemporaryDir> appDir;
     std::unique_ptr<Session> session;
     std::unique_ptr<HelixbenchForm> form;
 };

@@ -1,5 +1,4 @@
 // Row texts and the gene commands' logic, without widgets.
-#include "core/Gene.h"
 #include "core/GeneCommands.h"
 #include "core/Session.h"
 #include "core/genes/Biochemistry.h"
@@ -36,109 +35,74 @@ private slots:
 
     void rowTextsAndKindDescriptions()
     {
-        session->Lists.ChemicalNames[5] = QStringLiteral("Glucose");
-        session->Lists.PoseNames[12] = QStringLiteral("Sit down");
-        Add(2, 1, 1);
+        session->Lists.ChemicalNames[5] = QStringLiteral("Glucose"), session->Lists.PoseNames[12] = QStringLiteral("Sit down");
         auto *receptor = static_cast<clsReceptor *>(Add(1, 0, 7, QStringLiteral("007 Hunger - Receptor")));
-        receptor->Chem = 5, receptor->Generation = 3, receptor->SwitchOn = 4;
+        receptor->Chem = 5, receptor->Generation = 3, receptor->SwitchOn = 4, receptor->MutabilityWeighting = 200;
         receptor->Mutability = 8 | 16 | 32; // both sexes: male shows; carried: brackets
-        receptor->MutabilityWeighting = 200;
         auto *pose = static_cast<clsPose *>(Add(2, 3, 12));
         pose->pose = 12, pose->Mutability = 16;
         QCOMPARE(GeneCommands::RowTexts(*session, *receptor),
-                 QStringList({"001", "3", "007", "Adult", "m", "(200)", "007 Hunger - Receptor",
+                 QStringList({"000", "3", "007", "Adult", "m", "(200)", "007 Hunger - Receptor",
                               "Biochemistry: Chemical Receptor (Glucose)"}));
         QCOMPARE(GeneCommands::RowTexts(*session, *pose),
-                 QStringList({"002", "0", "012", "Embryo", "f", "0", "<no caption>", "Creature: Pose (Sit down)"}));
-        QCOMPARE(GeneCommands::DescribeGene(*session, *receptor, false), QStringLiteral("Biochemistry: Chemical Receptor"));
+                 QStringList({"001", "0", "012", "Embryo", "f", "0", "<no caption>", "Creature: Pose (Sit down)"}));
         pose->GeneSubType = 9;
         QCOMPARE(GeneCommands::DescribeGene(*session, *pose, true), QStringLiteral("Creature: <unknown id 9>"));
         pose->GeneType = 5;
         prompt.AnswerMessage(Prompt::Ok);
-        GeneCommands::EditGene(*session, 2);
+        GeneCommands::EditGene(*session, 1);
         QCOMPARE(prompt.Last().text, QStringLiteral("No editor available for gene type '<unknown type  5>: <ignored  9>'"));
     }
 
+    // Deleting a gene empties the caption record of its key only when no other gene holds it.
     void deleteEmptiesTheRecordOfItsLastHolderOnly()
     {
-        Add(2, 1, 1);
         Add(1, 0, 4, QStringLiteral("004 Shared"));
         Add(1, 0, 4); // the same key
         Add(1, 1, 4, QStringLiteral("004 Emitter"));
         session->CaptionStore.SetAnnotation(1, 0, 4, QStringLiteral("a long note"));
-        QVERIFY(GeneCommands::DeleteGene(*session, 1, true));
+        QVERIFY(GeneCommands::DeleteGene(*session, 0, true));
         QCOMPARE(session->CaptionStore.GetCaption(1, 0, 4), QStringLiteral("004 Shared"));
-        QCOMPARE(session->GeneAt(1)->Numeric_ID, qint16(1));
-        QVERIFY(GeneCommands::DeleteGene(*session, 1, true));
+        QVERIFY(GeneCommands::DeleteGene(*session, 0, true));
         QCOMPARE(session->CaptionStore.GetCaption(1, 0, 4) + session->CaptionStore.GetAnnotation(1, 0, 4), QString());
         QCOMPARE(session->CaptionStore.GetCaption(1, 1, 4), QStringLiteral("004 Emitter"));
-        Add(2, 3, 9); // a key without a record gets none
-        const int records = session->CaptionStore.CaptionCount;
-        QVERIFY(GeneCommands::DeleteGene(*session, 2, true));
-        QCOMPARE(session->CaptionStore.CaptionCount, records);
     }
 
-    void changeIdReadsTheLeadingNumber_data()
+    // A value a byte cannot hold is refused; otherwise the leading number is taken, the row
+    // follows, and then each gene of the same kind with the new ID is warned of.
+    void changeIdRefusesTakesTheLeadingNumberAndWarns()
     {
-        QTest::addColumn<QString>("answer");
-        QTest::addColumn<int>("id"); // -1: refused
-        QTest::newRow("blanks and text") << "  17 lobes" << 17;
-        QTest::newRow("half to even") << "12.5" << 12;
-        QTest::newRow("no number") << "abc" << 0;
-        QTest::newRow("top") << "255" << 255;
-        QTest::newRow("too big") << "256" << -1;
-        QTest::newRow("negative") << "-3" << -1;
-    }
-    void changeIdReadsTheLeadingNumber()
-    {
-        QFETCH(QString, answer);
-        QFETCH(int, id);
-        Gene *g = Add(1, 2, 200);
+        Gene *a = Add(2, 4, 3);
+        Add(2, 5, 255); // another kind with the new ID: no warning
+        Add(2, 4, 255, QStringLiteral("255 Walk - Gait"));
+        Add(2, 4, 255);
         QSignalSpy rows(session.get(), &Session::GeneRowChanged);
-        prompt.AnswerInput(answer);
-        if (id < 0)
-            prompt.AnswerMessage(Prompt::Ok);
+        prompt.AnswerInput(QStringLiteral("256")).AnswerMessage(Prompt::Ok);
         GeneCommands::ChangeID(*session, 0);
-        QCOMPARE(prompt.shown[0].title + '|' + prompt.shown[0].text, QStringLiteral("Change ID|Change ID for '200' [200]"));
-        QCOMPARE(int(g->ID), id < 0 ? 200 : id);
-        QCOMPARE(rows.count(), id < 0 ? 0 : 1);
-        if (id < 0)
-            QCOMPARE(prompt.Last().text, "A gene ID must be a number from 0 to 255, and '" + answer
-                                             + "' is not.\r\nThe gene keeps its ID 200.");
-    }
+        QCOMPARE(prompt.shown[0].title + '|' + prompt.shown[0].text, QStringLiteral("Change ID|Change ID for '3' [3]"));
+        QCOMPARE(prompt.Last().text, QStringLiteral("A gene ID must be a number from 0 to 255, and '256' is not.\r\nThe gene keeps its ID 3."));
+        QCOMPARE(QList<int>({a->ID, int(rows.count())}), QList<int>({3, 0}));
 
-    void changeIdWarnsOfEachDuplicateAfterTheRow()
-    {
-        Gene *a = Add(2, 4, 3, QStringLiteral("003 Run - Gait"));
-        Add(2, 5, 8); // another kind with the new ID: no warning
-        Add(2, 4, 8, QStringLiteral("008 Walk - Gait"));
-        Add(2, 4, 8);
         int shownAtRefresh = -1;
         connect(session.get(), &Session::GeneRowChanged, this, [&] { shownAtRefresh = prompt.shown.size(); });
-        prompt.AnswerInput(QStringLiteral("8")).AnswerMessage(Prompt::Ok).AnswerMessage(Prompt::Ok);
+        prompt.AnswerInput(QStringLiteral("  255 lobes")).AnswerMessage(Prompt::Ok).AnswerMessage(Prompt::Ok);
         GeneCommands::ChangeID(*session, 0);
-        QCOMPARE(a->ID, quint8(8));
-        QCOMPARE(shownAtRefresh, 1); // the row follows before the warnings
-        const QString lead = QStringLiteral("Caution. Duplicate ID for 8 found:\r\nGene # is ");
-        QCOMPARE(prompt.MessageTexts(), QStringList({lead + "2 (008 Walk - Gait)", lead + "3 (008 Walk - Gait)"}));
+        QCOMPARE(QList<int>({a->ID, shownAtRefresh}), QList<int>({255, 3})); // the row follows before the warnings
+        const QString lead = QStringLiteral("Caution. Duplicate ID for 255 found:\r\nGene # is ");
+        QCOMPARE(prompt.MessageTexts().mid(1), QStringList({lead + "2 (255 Walk - Gait)", lead + "3 (255 Walk - Gait)"}));
     }
 
     // The refusals of the move and new-gene commands, in order; then the 899th gene is made
     // with its caption and the 900th refused.
     void refusalsAndTheGeneLimit()
     {
-        prompt.AnswerMessage(Prompt::Ok).AnswerMessage(Prompt::Ok).AnswerMessage(Prompt::No);
-        prompt.AnswerMessage(Prompt::Ok).AnswerMessage(Prompt::Ok);
-        QVERIFY(!GeneCommands::MayMoveDown(*session, -1)); // -1 equals GeneCount - 1: tested first
+        prompt.AnswerMessage(Prompt::Ok).AnswerMessage(Prompt::No).AnswerMessage(Prompt::Ok);
         QVERIFY(!GeneCommands::MayMoveUp(*session, -1));
         QVERIFY(!GeneCommands::MayOpenNewGeneForm(*session)); // declined: still no genome
         QVERIFY(!GeneCommands::CreateGeneOfRow(*session, 7));
-        QVERIFY(!GeneCommands::CreateGeneOfRow(*session, 16));
-        QCOMPARE(prompt.MessageTexts(),
-                 QStringList({"Can't move this gene down further", "No gene is selected to move",
-                              "No valid genome initialised. Do you want me to do this for you?",
-                              "Cannot create second Genus gene", "Can't create a gene of type 16"}));
-        QCOMPARE(QList<int>({prompt.shown[0].style, prompt.shown[1].style, prompt.shown[2].style}), QList<int>({16, 48, 35}));
+        QCOMPARE(prompt.MessageTexts(), QStringList({"No gene is selected to move", "No valid genome initialised. Do you want me to do this for you?",
+                                                     "Cannot create second Genus gene"}));
+        QCOMPARE(QList<int>({prompt.shown[0].style, prompt.shown[1].style}), QList<int>({48, 35}));
 
         session->NewGenome();
         while (session->GeneCount < 898)

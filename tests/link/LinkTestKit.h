@@ -7,36 +7,25 @@
 #include "support/TestEnv.h"
 #include "views/HelixbenchForm.h"
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QDBusConnection>
-#include <QDBusConnectionInterface>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QLabel>
-#include <QLineEdit>
-#include <QProcess>
-#include <QPushButton>
-#include <QTreeWidget>
+#include <QtDBus>
 #include <QtTest>
-
-#include <memory>
+#include <QtWidgets>
 
 namespace LinkTestKit {
 
 // A session with its main window, started as far as the Export tab needs: all script slots empty.
 struct Bench
 {
-    explicit Bench(ScriptedPrompt &prompt) : session(new Session(prompt)), form(new HelixbenchForm(*session))
+    explicit Bench(ScriptedPrompt &prompt)
+        : session(new Session(prompt)), form(new HelixbenchForm(*session)), tab(form->findChild<ExportTab *>())
     {
-        tab = form->findChild<ExportTab *>();
         session->Tables.Build();
         std::fill_n(session->Lists.ScriptNames.begin(), ExportTab::ScriptSlots, ExportTab::EmptySlot);
         emit session->ExportViewsMustFill();
     }
     std::unique_ptr<Session> session;
     std::unique_ptr<HelixbenchForm> form;
-    ExportTab *tab = nullptr;
+    ExportTab *tab;
 };
 
 // The stand-in game. Start() returns once it owns its bus name; Stop() once it has let go.
@@ -55,8 +44,7 @@ public:
         process->setProcessChannelMode(QProcess::ForwardedErrorChannel);
         process->start(QCoreApplication::applicationDirPath() + QStringLiteral("/habitat-standin"),
                        QStringList{"--log", LogFile(), "--genetics", Genetics(), "--settings-dir", folder + "/system"} + extra);
-        while (process->waitForReadyRead(10000) && !process->canReadLine()) {
-        }
+        while (process->waitForReadyRead(10000) && !process->canReadLine()) {}
         return process->readLine().trimmed() == "ready";
     }
 
@@ -70,21 +58,14 @@ public:
         QTRY_VERIFY_WITH_TIMEOUT(!QDBusConnection::sessionBus().interface()->isServiceRegistered("org.arkenfold.Habitat").value(), 10000);
     }
 
-    // The log: for each transaction its method, topic, item, data, outcome (and the game's note).
-    QList<QStringList> Log() const
-    {
-        QList<QStringList> lines;
-        for (const QByteArray &line : TestFiles::Read(LogFile()).split('\n'))
-            if (!line.isEmpty())
-                lines << QVariant(QJsonDocument::fromJson(line).array().toVariantList()).toStringList();
-        return lines;
-    }
-    // One field of every transaction, e.g. 0 for the methods in order.
+    // One field of every transaction in the log, e.g. 0 for the methods in order. The fields:
+    // method, topic, item, data, outcome (and the game's note).
     QStringList Column(int field) const
     {
         QStringList values;
-        for (const QStringList &l : Log())
-            values << l.value(field);
+        for (const QByteArray &line : TestFiles::Read(LogFile()).split('\n'))
+            if (!line.isEmpty())
+                values << QJsonDocument::fromJson(line).array().toVariantList().value(field).toString();
         return values;
     }
     // Waits for the closes: they are sent without waiting for the game.
@@ -99,9 +80,8 @@ private:
     std::unique_ptr<QProcess> process;
 };
 
+// A fault message: what was being done, then the error's number and description.
 inline QString Fault(const QString &context, int number, const QString &description)
-{
-    return context + QStringLiteral("\n\rDescription: Error ID %1 (%2)").arg(number).arg(description);
-}
+{ return context + QStringLiteral("\n\rDescription: Error ID %1 (%2)").arg(number).arg(description); }
 
 } // namespace LinkTestKit

@@ -21,34 +21,19 @@ class TestExportTab : public QObject
             rows << tab().ScriptListView->topLevelItem(i)->text(0);
         return rows.join(QLatin1Char(',')) + QLatin1Char('|') + tab().ScriptStatusLabel->text();
     }
-    // Names the slots, as a loaded list would, and shows them.
-    void Use(const QMap<int, QString> &entries)
-    {
-        for (auto it = entries.cbegin(); it != entries.cend(); ++it)
-            names()[size_t(it.key())] = it.value();
-        tab().RefreshScriptList();
-        tab().ShowScriptCount();
-    }
-    void Select(int row) { tab().ScriptListView->topLevelItem(row)->setSelected(true); }
 
 private slots:
-    void init()
-    {
-        prompt.Clear();
-        bench.reset(new Bench(prompt));
-    }
+    void init() { prompt.Clear(), bench.reset(new Bench(prompt)); }
     void cleanup() { QVERIFY2(prompt.AllAnswered(), "an expected prompt was not shown"); }
 
     void startUpFillsTheControls()
     {
         QComboBox *egg = tab().EggColourCombo;
-        QCOMPARE(egg->count(), 17); // up to the table's empty row
-        QCOMPARE(egg->itemText(16), QStringLiteral("Light blue spotty (A1)"));
-        QCOMPARE(tab().ScriptStatusLabel->text(), QStringLiteral("0 of 20 autoscripts used"));
         egg->setCurrentIndex(5);
         tab().SexCombo->setCurrentIndex(2);
         emit bench->session->ExportViewsMustFill(); // a refill starts both lists afresh
-        QCOMPARE(egg->count(), 17);
+        QCOMPARE(egg->count(), 17); // up to the table's empty row
+        QCOMPARE(egg->itemText(16), QStringLiteral("Light blue spotty (A1)"));
         QVERIFY(egg->currentIndex() == 0 && tab().SexCombo->currentIndex() == 0);
         // The moniker is open exactly while the box is clear.
         QVERIFY(tab().VirginBirthCheck->isChecked() && !tab().ParentMoniker->isEnabled());
@@ -58,33 +43,27 @@ private slots:
 
     void listCommandsFindTheirSlotByName()
     {
-        Use({{5, "dup"}, {2, "dup"}, {0, "s0"}});
-        Select(2); // the later of two rows of the same name acts on the earlier slot
+        names()[5] = names()[2] = QStringLiteral("dup");
+        names()[0] = QStringLiteral("s0");
+        tab().RefreshScriptList();
+        tab().ScriptListView->topLevelItem(2)->setSelected(true); // the later of two rows of the same name acts on the earlier slot
         tab().RemoveAutoScriptCommand->click();
         QCOMPARE(names()[2] + Rows(), ExportTab::EmptySlot + QStringLiteral("s0,dup|2 of 20 autoscripts used"));
-        // Cancelling either question stores nothing; an add fills the lowest hole.
-        prompt.AnswerInput(QString()).AnswerInput(QStringLiteral("forgotten")).AnswerInput(QString());
+        // Cancelling the second question stores nothing; an add fills the lowest hole.
+        prompt.AnswerInput(QStringLiteral("forgotten")).AnswerInput(QString());
         prompt.AnswerInput(QStringLiteral("new")).AnswerInput(QStringLiteral("dde: getb cnam"));
-        for (int i = 0; i < 3; ++i)
-            tab().AddAutoScriptCommand->click();
+        tab().AddAutoScriptCommand->click();
+        tab().AddAutoScriptCommand->click();
         QCOMPARE(Rows(), QStringLiteral("s0,new,dup|3 of 20 autoscripts used"));
-        QCOMPARE(prompt.Last().title + prompt.Last().text,
-                 QStringLiteral("New auto-macroEnter a macro for this auto-macro [dde: getb cnam]"));
-        // A row whose name has left the list since the last refresh; no row selected.
-        Select(2);
+        // A row whose name has left the list since the last refresh.
+        tab().ScriptListView->topLevelItem(2)->setSelected(true);
         names()[5] = QStringLiteral("renamed");
-        prompt.AnswerMessage(Prompt::Ok).AnswerMessage(Prompt::Ok).AnswerMessage(Prompt::Ok);
+        prompt.AnswerMessage(Prompt::Ok).AnswerMessage(Prompt::Ok);
         tab().UpdateScriptCommand->click();
         tab().RemoveAutoScriptCommand->click();
-        tab().ScriptListView->clearSelection();
-        tab().RemoveAutoScriptCommand->click();
-        QCOMPARE(prompt.MessageTexts(), (QStringList{"Error locating item 'dup' for update",
-                                                     "Error locating item 'dup' for removal", "Nothing selected"}));
-        QCOMPARE(prompt.Last().style, 48);
+        QCOMPARE(prompt.MessageTexts(), (QStringList{"Error locating item 'dup' for update", "Error locating item 'dup' for removal"}));
         // With every slot taken it refuses before any question.
-        for (int i = 0; i < 20; ++i)
-            names()[size_t(i)] = QStringLiteral("s%1").arg(i);
-        Use({});
+        std::fill_n(names().begin(), 20, QStringLiteral("taken"));
         prompt.AnswerMessage(Prompt::Ok);
         tab().AddAutoScriptCommand->click();
         QCOMPARE(prompt.Last().text, QStringLiteral("No additional auto-script slots available"));

@@ -5,17 +5,8 @@
 #include "support/ShownText.h"
 #include "support/TestEnv.h"
 
-#include <QCheckBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QtTest>
-
-namespace {
-const QString Company = QStringLiteral("Kelmoth Technology");
-const QString Product = QStringLiteral("Arkenfold 2");
-const QString Genetics = QStringLiteral("Genetics Directory");
-} // namespace
+#include <QtWidgets>
 
 class TestOptions : public QObject
 {
@@ -28,9 +19,6 @@ private slots:
         prompt.Clear();
         session.reset(new Session(prompt));
         session->AppDirectory = sandbox->path() + QStringLiteral("/app/");
-        sandbox->SetGameValue(Company, Product, QStringLiteral("1.0"), Genetics, QStringLiteral("/games/genetics/"));
-        sandbox->SetGameValue(QStringLiteral("Co"), QStringLiteral("Prod"), QStringLiteral("7.0"), Genetics,
-                              QStringLiteral("/seven/"));
     }
 
     void cleanup()
@@ -39,93 +27,63 @@ private slots:
         QVERIFY2(prompt.AllAnswered(), "a queued answer was not asked for");
     }
 
-    void openingShowsTheSession()
+    // Without the game's setting the reset says so and puts the program's folder in the drawer.
+    void resetWithoutTheGameSetting()
     {
-        // The boxes show the value of each string modulo 2; the drawer is "" before any genome dialog.
-        session->RegistryCompany = QStringLiteral("Co");
-        session->RegistryVersion = QStringLiteral("9.9");
-        session->RegistryProduct = QStringLiteral("Prod");
-        const char *cases[][4] = {{"1", "0", "", ""}, {"2", "3", "/pets/", "/pets/"}};
-        for (auto [captions, compatibility, folder, drawer] : cases) {
-            session->UseDefaultCaptions = QString::fromLatin1(captions);
-            session->CompatibilityMode = QString::fromLatin1(compatibility);
-            session->LastGenomeDirectory = QString::fromLatin1(folder);
-            Open();
-            QCOMPARE(QList<bool>({Check("DefaultCaptionsCheckBox")->isChecked(),
-                                  Check("CompatibilityCheckBox")->isChecked()}),
-                     QList<bool>({*captions == '1', *compatibility == '3'}));
-            QCOMPARE(Drawer()->text(), QString::fromLatin1(drawer));
-        }
-        QCOMPARE(dialog->windowTitle(), QStringLiteral("Advanced Options"));
-        QVERIFY(!dialog->isModal());
-        QCOMPARE(QStringList({Field("RegistryCompany")->text(), Field("RegistryVersion")->text(),
-                              Field("RegistryProduct")->text()}), QStringList({"Co", "9.9", "Prod"}));
-    }
-
-    void resetWithAndWithoutTheGameSetting()
-    {
-        session->LastGenomeDirectory = QStringLiteral("/pets/");
         Open();
-        Button("ResetToRegistryButton")->click();
-        QCOMPARE(Drawer()->text(), QStringLiteral("/games/genetics/"));
-        // The reset reads under the key the session holds, not the one typed into the dialog.
-        session->RegistryVersion = QStringLiteral("3.0");
-        Field("RegistryVersion")->setText(QStringLiteral("7.0"));
         prompt.AnswerMessage(Prompt::Ok);
-        Button("ResetToRegistryButton")->click();
+        Click("ResetToRegistryButton");
         QCOMPARE(ShownText(prompt.Last()), ShownText("Helixbench", 16, "Error reading registry key -- defaulting\r\n"
                                                                        "to current directory."));
-        QCOMPARE(Drawer()->text(), session->AppDirectory);
-        // The session keeps its folder until Close.
-        QCOMPARE(session->LastGenomeDirectory, QStringLiteral("/pets/"));
+        QCOMPARE(Drawer(), session->AppDirectory);
     }
 
-    void closeTakesEverythingOverCancelNothing()
+    // On opening the boxes show the value of each string modulo 2, the drawer the last genome folder.
+    // Cancel takes nothing over; Close takes everything, and the very next read uses the new key.
+    // The reset reads under the key the session holds, not the one typed into the dialog.
+    void openThenCloseOrCancel()
     {
+        sandbox->SetGameValue("Kelmoth Technology", "Arkenfold 2", "9.9", "Genetics Directory", "/games/genetics/");
+        sandbox->SetGameValue("Co", "Prod", "7.0", "Genetics Directory", "/seven/");
         QList<QStringList> after;
         for (const char *button : {"CancelCommand", "CloseCommand"}) {
             dialog.reset();
             session.reset(new Session(prompt));
             session->UseDefaultCaptions = QStringLiteral("3");
+            session->CompatibilityMode = QStringLiteral("2");
             session->LastGenomeDirectory = QStringLiteral("/pets/");
+            session->RegistryVersion = QStringLiteral("9.9");
             Open();
             dialog->show();
+            QCOMPARE(QList<bool>({Check("DefaultCaptionsCheckBox")->isChecked(),
+                                  Check("CompatibilityCheckBox")->isChecked(), dialog->isModal()}),
+                     QList<bool>({true, false, false}));
+            QCOMPARE(QStringList({dialog->windowTitle(), Drawer(), Field("RegistryCompany")->text(),
+                                  Field("RegistryVersion")->text(), Field("RegistryProduct")->text()}),
+                     QStringList({"Advanced Options", "/pets/", "Kelmoth Technology", "9.9", "Arkenfold 2"}));
             Check("DefaultCaptionsCheckBox")->setChecked(false);
             Check("CompatibilityCheckBox")->setChecked(true);
-            Button("ResetToRegistryButton")->click();
-            Field("RegistryCompany")->setText(QStringLiteral("Co"));
-            Field("RegistryVersion")->setText(QStringLiteral("7.0"));
-            Field("RegistryProduct")->setText(QStringLiteral("Prod"));
-            Button(button)->click();
+            for (auto [field, text] :
+                 {std::pair("RegistryCompany", "Co"), {"RegistryVersion", "7.0"}, {"RegistryProduct", "Prod"}})
+                Field(field)->setText(QString::fromLatin1(text));
+            Click("ResetToRegistryButton");
+            Click(button);
             QVERIFY(!dialog->isVisible());
-            after << Values();
+            after << QStringList({session->UseDefaultCaptions, session->CompatibilityMode, session->RegistryCompany,
+                                  session->RegistryVersion, session->RegistryProduct, session->LastGenomeDirectory});
         }
-        // Cancel took nothing over; Close took everything, and the very next read uses the new key.
-        QCOMPARE(after[0], QStringList({"3", "0", Company, "1.0", Product, "/pets/"}));
-        QCOMPARE(after[1], QStringList({"0", "1", "Co", "7.0", "Prod", "/games/genetics/"}));
-        QCOMPARE(session->ReadGameSetting(Genetics), QStringLiteral("/seven/"));
+        QCOMPARE(after, QList<QStringList>({{"3", "2", "Kelmoth Technology", "9.9", "Arkenfold 2", "/pets/"},
+                                            {"0", "1", "Co", "7.0", "Prod", "/games/genetics/"}}));
+        QCOMPARE(session->ReadGameSetting(QStringLiteral("Genetics Directory")), QStringLiteral("/seven/"));
     }
 
 private:
     void Open() { dialog.reset(new frmOptions(*session)); }
-
-    QStringList Values() const
-    {
-        return {session->UseDefaultCaptions, session->CompatibilityMode, session->RegistryCompany,
-                session->RegistryVersion,    session->RegistryProduct,   session->LastGenomeDirectory};
-    }
-
-    template <typename T> T *Named(const char *name)
-    {
-        T *w = dialog->findChild<T *>(QString::fromLatin1(name));
-        if (!w)
-            qFatal("no control named %s", name);
-        return w;
-    }
+    template <typename T> T *Named(const char *name) { return dialog->findChild<T *>(QString::fromLatin1(name)); }
     QCheckBox *Check(const char *name) { return Named<QCheckBox>(name); }
     QLineEdit *Field(const char *name) { return Named<QLineEdit>(name); }
-    QPushButton *Button(const char *name) { return Named<QPushButton>(name); }
-    QLabel *Drawer() { return Named<QLabel>("GeneticsDrawerLabel"); }
+    void Click(const char *name) { Named<QPushButton>(name)->click(); }
+    QString Drawer() { return Named<QLabel>("GeneticsDrawerLabel")->text(); }
 
     ScriptedPrompt prompt;
     std::unique_ptr<SettingsSandbox> sandbox;

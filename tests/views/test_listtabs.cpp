@@ -36,10 +36,14 @@ class TestListTabs : public QObject
     }
     void Select(const char *view, int row) { Find<QTreeWidget>(view)->setCurrentItem(Find<QTreeWidget>(view)->topLevelItem(row)); }
     // Fills the views and shows the tab.
-    void Fill(const char *tab)
+    void Fill(const char *tab) { emit session->ListViewsMustFill(); Find<QTabWidget>("SSTab1")->setCurrentWidget(Find<QWidget>(tab)); }
+    // The pop-up menu's entries, "-" for a separator.
+    static QString Entries(QMenu *menu)
     {
-        emit session->ListViewsMustFill();
-        Find<QTabWidget>("SSTab1")->setCurrentWidget(Find<QWidget>(tab));
+        QStringList texts;
+        for (QAction *a : menu->actions())
+            texts << (a->isSeparator() ? QStringLiteral("-") : a->text());
+        return menu->title() + '|' + texts.join(',');
     }
     QString Shown(int i = -1) const { return ShownText(i < 0 ? prompt.Last() : prompt.shown[i]); }
     // A right click on a row: the press selects it, the release opens the pop-up menu.
@@ -48,8 +52,7 @@ class TestListTabs : public QObject
         auto *v = Find<QTreeWidget>(view);
         v->scrollToItem(v->topLevelItem(row));
         QTest::mouseClick(v->viewport(), Qt::RightButton, {}, v->visualItemRect(v->topLevelItem(row)).center());
-        auto *menu = Find<QMenu>(menuName);
-        return menu->isVisible() ? menu : nullptr;
+        return Find<QMenu>(menuName)->isVisible() ? Find<QMenu>(menuName) : nullptr;
     }
 
 private slots:
@@ -66,56 +69,29 @@ private slots:
         session->Lists.SetPoseDefaults();
     }
 
-    void cleanup()
-    {
-        QVERIFY(prompt.AllAnswered());
-        form.reset();
-        session.reset();
-    }
+    void cleanup() { form.reset(); session.reset(); QVERIFY(prompt.AllAnswered()); }
 
-    void startUpFillsBothViewsAndTheirCounts()
+    void startUpFillsBothViewsAndChemicalCommandsAskStoreAndRecount()
     {
         QCOMPARE(Label("ChemCountLabel") + Label("PoseCountLabel"), QStringLiteral("No chemicals loadedNo poses loaded"));
-        QCOMPARE(Find<QTreeWidget>("ChemicalListView")->topLevelItemCount(), 0);
-
         session->Lists.ChemicalNames[0].clear(); // as a file may hold it
-        session->Lists.ChemicalNames[5] = QStringLiteral("ATP");
-        session->Lists.ChemicalCaptions[5] = QStringLiteral("energy");
-        session->Lists.PoseCaptions[3] = QStringLiteral("sitting");
-        Fill("ChemicalTab");
-        QCOMPARE(Find<QTreeWidget>("ChemicalListView")->topLevelItemCount(), 256);
-        QCOMPARE(Row("ChemicalListView", 0), QStringLiteral("0|<nothing>|"));
-        QCOMPARE(session->Lists.ChemicalNames[0], QStringLiteral("<nothing>"));
-        QCOMPARE(Row("ChemicalListView", 5), QStringLiteral("5|ATP|energy"));
-        QCOMPARE(Label("ChemCountLabel"), QStringLiteral(" 2 chemical(s) in use, 254 slots free"));
-        QCOMPARE(Find<QTreeWidget>("PoseListView")->topLevelItemCount(), 256);
-        QCOMPARE(Row("PoseListView", 3), QStringLiteral("3|3|sitting"));
-        QCOMPARE(Label("PoseCountLabel"), QStringLiteral(" 1 pose(s) in use, 255 slots free"));
-    }
-
-    void chemicalCommandsAskStoreAndRecount()
-    {
         session->Lists.ChemicalNames[1] = QStringLiteral("ATP");
         Fill("ChemicalTab");
-        prompt.AnswerMessage(Prompt::Ok);
-        Click("RenameChemicalCommand");
-        QCOMPARE(Shown(), QStringLiteral("Helixbench|48|Nothing selected"));
+        QCOMPARE(Find<QTreeWidget>("ChemicalListView")->topLevelItemCount() + Find<QTreeWidget>("PoseListView")->topLevelItemCount(), 512);
+        QCOMPARE(Row("ChemicalListView", 0) + Row("ChemicalListView", 1), QStringLiteral("0|<nothing>|1|ATP|"));
+        QCOMPARE(session->Lists.ChemicalNames[0], QStringLiteral("<nothing>"));
 
         // Add needs no row: it takes the first free slot, 2.
-        prompt.Clear();
         prompt.AnswerInput(QStringLiteral("Glucose")).AnswerInput(QStringLiteral("sugar"));
         Click("AddChemicalCommand");
         QCOMPARE(Shown(0), QStringLiteral("Name new Chemical|0|Enter a name for chemical 2 [<un-named chemical>]"));
-        QCOMPARE(Shown(1), QStringLiteral("Caption for new Chemical|0|Enter a caption for chemical 2 [<no-caption>]"));
         QCOMPARE(Row("ChemicalListView", 2), QStringLiteral("2|Glucose|sugar"));
         QCOMPARE(Label("ChemCountLabel"), QStringLiteral(" 3 chemical(s) in use, 253 slots free"));
-        QVERIFY(session->ChemicalsChanged);
 
         // Cancel in the second box stores nothing, not even the first answer.
         prompt.AnswerInput(QStringLiteral("Lactate")).AnswerInput(QString());
         Click("AddChemicalCommand");
         QCOMPARE(Row("ChemicalListView", 3), QStringLiteral("3|3|"));
-        QCOMPARE(session->Lists.ChemicalNames[3], QStringLiteral("3"));
 
         // Add Here over a named slot asks first; No ends it.
         Select("ChemicalListView", 2);
@@ -130,75 +106,50 @@ private slots:
         QCOMPARE(Shown(), QStringLiteral("Edit Chemical Caption|0|Edit Caption 'sugar' [sugar]"));
         QCOMPARE(Row("ChemicalListView", 2), QStringLiteral("2|Dextrose|fuel"));
 
-        prompt.AnswerMessage(Prompt::Yes).AnswerMessage(Prompt::Ok);
+        prompt.AnswerMessage(Prompt::Yes);
         Click("DeleteChemicalCommand");
         QCOMPARE(prompt.Last().text, QStringLiteral("Are you sure you wish to delete 'Dextrose'?"));
         QCOMPARE(Row("ChemicalListView", 2), QStringLiteral("2|2|"));
-        QCOMPARE(Label("ChemCountLabel"), QStringLiteral(" 2 chemical(s) in use, 254 slots free"));
-        Click("DeleteChemicalCommand");
-        QCOMPARE(prompt.Last().text, QStringLiteral("Chemical 2 is already deleted"));
     }
 
+    // Pose 0 is renamed and described like any other pose, and a free one is not deleted.
     void poseCommandsTreatPoseZeroLikeAnyOther()
     {
         Fill("PoseTab");
         Select("PoseListView", 0);
-        prompt.AnswerMessage(Prompt::Ok).AnswerInput(QStringLiteral("Sit"));
+        prompt.AnswerMessage(Prompt::Ok).AnswerInput(QStringLiteral("Walk")).AnswerInput(QStringLiteral("legs moving"));
         Click("DeletePoseCommand");
         QCOMPARE(prompt.Last().text, QStringLiteral("Pose 0 is already deleted"));
-        QVERIFY(!session->PosesChanged);
         Click("RenamePoseCommand");
         QCOMPARE(Shown(), QStringLiteral("Rename Pose|0|Rename Pose '0' [0]"));
-        QCOMPARE(Label("PoseCountLabel"), QStringLiteral(" 1 pose(s) in use, 255 slots free"));
-
-        Select("PoseListView", 10);
-        prompt.AnswerInput(QStringLiteral("Walk")).AnswerInput(QStringLiteral("legs moving"));
-        Click("RenamePoseCommand");
         Click("CaptionPoseCommand");
         QCOMPARE(Shown(), QStringLiteral("Describe Pose|0|Describe Pose 'Walk' []"));
-        QCOMPARE(Row("PoseListView", 10), QStringLiteral("10|Walk|legs moving"));
-        QCOMPARE(Label("PoseCountLabel"), QStringLiteral(" 2 pose(s) in use, 254 slots free"));
-        prompt.AnswerMessage(Prompt::Yes);
-        Click("DeletePoseCommand");
-        QCOMPARE(Row("PoseListView", 10), QStringLiteral("10|10|"));
+        QCOMPARE(Row("PoseListView", 0), QStringLiteral("0|Walk|legs moving"));
     }
 
     void popUpMenusAndTheirSaveEntries()
     {
-        auto entries = [](QMenu *menu) {
-            QStringList texts;
-            for (QAction *a : menu->actions())
-                texts << (a->isSeparator() ? QStringLiteral("-") : a->text());
-            return texts;
-        };
         session->Lists.ChemicalNames[5] = QStringLiteral("ATP");
         Fill("ChemicalTab");
         QMenu *menu = RightClick("ChemicalListView", 5, "mnuChemicalPopUp");
-        QVERIFY(menu);
-        QCOMPARE(SelectedNameListSlot(Find<QTreeWidget>("ChemicalListView")), 5);
+        QVERIFY(menu && SelectedNameListSlot(Find<QTreeWidget>("ChemicalListView")) == 5);
         QCOMPARE(menu->defaultAction(), Find<QAction>("mnuChemicalRename"));
-        QCOMPARE(entries(menu), QStringList({"&Rename", "&Edit Description", "&Delete", "-", "&New Chemical Here",
-                                             "Ne&w Chemical", "-", "&Save Changes"}));
+        QCOMPARE(Entries(menu).section('|', 1), QStringLiteral("&Rename,&Edit Description,&Delete,-,&New Chemical Here,Ne&w Chemical,-,&Save Changes"));
         QVERIFY(!Find<QAction>("mnuChemicalSaveChanges")->isEnabled());
         menu->hide();
 
+        // Once a name changed, Save Changes is on and saves the list.
         prompt.AnswerInput(QStringLiteral("Adenosine"));
         Find<QAction>("mnuChemicalRename")->trigger();
-        QCOMPARE(Row("ChemicalListView", 5), QStringLiteral("5|Adenosine|"));
-        QVERIFY(RightClick("ChemicalListView", 5, "mnuChemicalPopUp"));
-        QVERIFY(Find<QAction>("mnuChemicalSaveChanges")->isEnabled());
+        QVERIFY(RightClick("ChemicalListView", 5, "mnuChemicalPopUp") && Find<QAction>("mnuChemicalSaveChanges")->isEnabled());
         menu->hide();
         Find<QAction>("mnuChemicalSaveChanges")->trigger();
-        QVERIFY(!session->ChemicalsChanged);
-        QVERIFY(QFile::exists(sandbox->path() + QStringLiteral("/Chemicals.txt")));
+        QVERIFY(!session->ChemicalsChanged && QFile::exists(sandbox->path() + QStringLiteral("/Chemicals.txt")));
 
         Fill("PoseTab");
         menu = RightClick("PoseListView", 7, "mnuPosePopUp");
         QVERIFY(menu);
-        QCOMPARE(menu->title(), QStringLiteral("PopUp3"));
-        QCOMPARE(menu->defaultAction(), Find<QAction>("mnuPoseRename"));
-        QCOMPARE(entries(menu), QStringList({"&Rename", "&Edit Description", "&Delete", "-", "&Save Changes"}));
-        QVERIFY(!Find<QAction>("mnuPoseSaveChanges")->isEnabled());
+        QCOMPARE(Entries(menu), QStringLiteral("PopUp3|&Rename,&Edit Description,&Delete,-,&Save Changes"));
         menu->hide();
     }
 
@@ -210,7 +161,6 @@ private slots:
         form->findChild<ChemicalTab *>()->SaveChemicalListCommand();
         poses->SavePoseListCommand();
         QCOMPARE(Shown(0), QStringLiteral("Helixbench|64|No changes to save, operation canceled"));
-        QCOMPARE(Shown(1), Shown(0));
         QCOMPARE(QDir(sandbox->path()).entryList({"*.txt"}), QStringList());
 
         // Renaming to the same text still counts as a change.
@@ -218,8 +168,7 @@ private slots:
         prompt.AnswerInput(QStringLiteral("4"));
         Click("RenamePoseCommand");
         poses->SavePoseListCommand();
-        QVERIFY(!session->PosesChanged);
-        QCOMPARE(TestFiles::Read(sandbox->path() + QStringLiteral("/PoseName.txt")).left(6), QByteArray("\x01\x00" "0" "\x01\x00" "1", 6));
+        QVERIFY(!session->PosesChanged && QFile::exists(sandbox->path() + QStringLiteral("/PoseName.txt")));
 
         // A row that is missing is reported.
         QTreeWidget empty;

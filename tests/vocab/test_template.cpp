@@ -11,7 +11,6 @@ namespace {
 const QByteArray Presets = QByteArray::fromHex("1b000000 2b000000 3b000000 08000000 1a000000 04000000 68000000"
                                                "13000000 08000000 0c000000 00000000 08000000 0c000000 00000000")
     + QByteArray(27 * 4, '\0');
-const QString LoadFault = QStringLiteral("An error occurred loading an internal file. I shall now attempt to correct this.");
 } // namespace
 
 class TestTemplate : public QObject
@@ -19,67 +18,47 @@ class TestTemplate : public QObject
     Q_OBJECT
 
     ScriptedPrompt prompt;
-    std::unique_ptr<QTemporaryDir> dir;
-    std::unique_ptr<Session> session;
-    QString File() const { return dir->path() + QStringLiteral("/mutations.txt"); }
+    QTemporaryDir dir;
+    Session session{prompt};
+    QString File() const { return dir.path() + QStringLiteral("/mutations.txt"); }
 
 private slots:
-    void init()
+    // The presets are written quietly (any message would be an unexpected prompt), values read
+    // replace them, and faulty files are reported and mended.
+    void templateFile()
     {
-        prompt.Clear();
-        dir.reset(new QTemporaryDir);
-        session.reset(new Session(prompt));
-        session->AppDirectory = dir->path();
-    }
-
-    void cleanup() { QVERIFY(prompt.AllAnswered()); }
-
-    void presetsAreWrittenQuietlyAndFileValuesReplaceThem()
-    {
-        MutationTemplate &t = session->Template;
+        session.AppDirectory = dir.path();
+        MutationTemplate &t = session.Template;
         t.LoadDefaultTemplate();
-        QVERIFY(prompt.shown.isEmpty());
         QCOMPARE(TestFiles::Read(File()), Presets);
 
         QByteArray bytes = Presets;
         bytes.replace(40 * 4, 4, QByteArray::fromHex("f9ffffff"));
         QVERIFY(TestFiles::Write(File(), bytes + "behind the last number"));
         t.LoadDefaultTemplate();
-        QVERIFY(prompt.shown.isEmpty());
-        QCOMPARE(t.DefaultGeneCounts[40], -7);
-        QCOMPARE(t.DefaultGeneCounts[6], 104);
-
-        // The writer starts at the first byte and leaves a longer file's tail alone.
-        t.DefaultGeneCounts[1] = 0x01020304;
+        // Saved over a longer file: the values read (the -7 too) from the first byte, the tail left alone.
+        QVERIFY(QFile::remove(File()) && TestFiles::Write(File(), QByteArray(200, 'z')));
         QVERIFY(t.SaveDefaultTemplate());
-        bytes.replace(4, 4, "\x04\x03\x02\x01");
-        QCOMPARE(TestFiles::Read(File()), bytes + "behind the last number");
-    }
+        QCOMPARE(TestFiles::Read(File()), bytes + QByteArray(36, 'z'));
 
-    void aShortFileIsReportedAndWrittenAnew()
-    {
+        // A short file: what was read stands, the values in hand fill the rest, and the file holds all.
         QVERIFY(TestFiles::Write(File(), QByteArray::fromHex("05000000 06000000 0700")));
         prompt.AnswerMessage(Prompt::Ok);
-        session->Template.LoadDefaultTemplate();
-        QCOMPARE(prompt.MessageTexts(), QStringList{LoadFault});
-        QCOMPARE(prompt.Last().style, 16);
-        // What was read stands, the presets fill the rest, and the file holds all of it.
-        QCOMPARE(TestFiles::Read(File()), QByteArray::fromHex("05000000 06000000") + Presets.mid(8));
-    }
+        t.LoadDefaultTemplate();
+        const QString loadFault = QStringLiteral("An error occurred loading an internal file. I shall now attempt to correct this.");
+        QCOMPARE(prompt.Last().text + QString::number(prompt.Last().style), loadFault + "16");
+        QCOMPARE(TestFiles::Read(File()), QByteArray::fromHex("05000000 06000000") + bytes.mid(8));
 
-    void anUnwritableFileGivesBothMessages()
-    {
-        QVERIFY(QDir(dir->path()).mkdir(QStringLiteral("mutations.txt")));
+        // A folder in the file's place: the load fault, then the save fault; the values stand.
+        QVERIFY(QFile::remove(File()) && QDir(dir.path()).mkdir(QStringLiteral("mutations.txt")));
         prompt.AnswerMessage(Prompt::Ok).AnswerMessage(Prompt::Ok);
-        session->Template.LoadDefaultTemplate();
-        const QStringList texts = prompt.MessageTexts();
-        QCOMPARE(texts.size(), 2);
-        QCOMPARE(texts[0], LoadFault);
-        QVERIFY2(texts[1].startsWith(QStringLiteral("An error occured saving the default mutation values.\r\n"
-                                                    "It is recommended you quit and restart the Helixbench.\n\r"
-                                                    "Description: Error ID")),
-                 qPrintable(texts[1]));
-        QCOMPARE(session->Template.DefaultGeneCounts[6], 104);
+        t.LoadDefaultTemplate();
+        QCOMPARE(prompt.shown[1].text, loadFault);
+        QVERIFY(prompt.Last().text.startsWith(QStringLiteral("An error occured saving the default mutation values.\r\n"
+                                                             "It is recommended you quit and restart the Helixbench.\n\r"
+                                                             "Description: Error ID")));
+        QCOMPARE(t.DefaultGeneCounts[6], 104);
+        QVERIFY(prompt.AllAnswered());
     }
 };
 
