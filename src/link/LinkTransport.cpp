@@ -82,6 +82,31 @@ bool NotOpen(LinkFailure &failure)
 }
 } // namespace
 
+bool LinkTransport::Transact(const QString &method, const QVariantList &arguments, bool opening,
+                             QMetaType::Type expected, QVariant *value, LinkFailure &failure)
+{
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!BusReady(bus, failure))
+        return false;
+    const QDBusMessage reply = bus.call(Call(busName, method, arguments), QDBus::Block, timeoutMs);
+    if (reply.type() != QDBusMessage::ReplyMessage) {
+        failure = FailureOf(bus, reply, busName, opening);
+        return false;
+    }
+    if (expected == QMetaType::UnknownType)
+        return true;
+    const QVariantList values = reply.arguments();
+    if (values.size() != 1 || values[0].typeId() != expected) {
+        failure.number = LinkFailures::BadReply;
+        failure.description = QStringLiteral("%1 was answered with the signature '%2' instead of '%3'")
+                                  .arg(method, reply.signature(),
+                                       expected == QMetaType::Bool ? QStringLiteral("b") : QStringLiteral("s"));
+        return false;
+    }
+    *value = values[0];
+    return true;
+}
+
 bool LinkTransport::Open(const QString &linkTopic, LinkFailure &failure)
 {
     failure.Clear();
@@ -92,22 +117,10 @@ bool LinkTransport::Open(const QString &linkTopic, LinkFailure &failure)
     busName = BusNamePrefix + service;
     topic = bar < 0 ? QString() : linkTopic.mid(bar + 1);
 
-    QDBusConnection bus = QDBusConnection::sessionBus();
-    if (!BusReady(bus, failure))
+    QVariant accepted;
+    if (!Transact(QStringLiteral("Initiate"), {topic}, true, QMetaType::Bool, &accepted, failure))
         return false;
-    const QDBusMessage reply = bus.call(Call(busName, QStringLiteral("Initiate"), {topic}), QDBus::Block, timeoutMs);
-    if (reply.type() != QDBusMessage::ReplyMessage) {
-        failure = FailureOf(bus, reply, busName, true);
-        return false;
-    }
-    const QVariantList args = reply.arguments();
-    if (args.size() != 1 || args[0].typeId() != QMetaType::Bool) {
-        failure.number = LinkFailures::BadReply;
-        failure.description = QStringLiteral("Initiate was answered with the signature '%1' instead of 'b'")
-                                  .arg(reply.signature());
-        return false;
-    }
-    if (!args[0].toBool()) {
+    if (!accepted.toBool()) {
         failure.number = LinkFailures::NoServer;
         failure.description = QStringLiteral("%1 declined the topic '%2'").arg(busName, topic);
         return false;
@@ -121,15 +134,7 @@ bool LinkTransport::Execute(const QString &command, LinkFailure &failure)
     failure.Clear();
     if (!open)
         return NotOpen(failure);
-    QDBusConnection bus = QDBusConnection::sessionBus();
-    if (!BusReady(bus, failure))
-        return false;
-    const QDBusMessage reply = bus.call(Call(busName, QStringLiteral("Execute"), {topic, command}), QDBus::Block, timeoutMs);
-    if (reply.type() != QDBusMessage::ReplyMessage) {
-        failure = FailureOf(bus, reply, busName, false);
-        return false;
-    }
-    return true;
+    return Transact(QStringLiteral("Execute"), {topic, command}, false, QMetaType::UnknownType, nullptr, failure);
 }
 
 bool LinkTransport::Poke(const QString &item, const QString &text, LinkFailure &failure)
@@ -137,15 +142,7 @@ bool LinkTransport::Poke(const QString &item, const QString &text, LinkFailure &
     failure.Clear();
     if (!open)
         return NotOpen(failure);
-    QDBusConnection bus = QDBusConnection::sessionBus();
-    if (!BusReady(bus, failure))
-        return false;
-    const QDBusMessage reply = bus.call(Call(busName, QStringLiteral("Poke"), {topic, item, text}), QDBus::Block, timeoutMs);
-    if (reply.type() != QDBusMessage::ReplyMessage) {
-        failure = FailureOf(bus, reply, busName, false);
-        return false;
-    }
-    return true;
+    return Transact(QStringLiteral("Poke"), {topic, item, text}, false, QMetaType::UnknownType, nullptr, failure);
 }
 
 bool LinkTransport::Request(const QString &item, QString &text, LinkFailure &failure)
@@ -153,22 +150,10 @@ bool LinkTransport::Request(const QString &item, QString &text, LinkFailure &fai
     failure.Clear();
     if (!open)
         return NotOpen(failure);
-    QDBusConnection bus = QDBusConnection::sessionBus();
-    if (!BusReady(bus, failure))
+    QVariant answer;
+    if (!Transact(QStringLiteral("Request"), {topic, item}, false, QMetaType::QString, &answer, failure))
         return false;
-    const QDBusMessage reply = bus.call(Call(busName, QStringLiteral("Request"), {topic, item}), QDBus::Block, timeoutMs);
-    if (reply.type() != QDBusMessage::ReplyMessage) {
-        failure = FailureOf(bus, reply, busName, false);
-        return false;
-    }
-    const QVariantList args = reply.arguments();
-    if (args.size() != 1 || args[0].typeId() != QMetaType::QString) {
-        failure.number = LinkFailures::BadReply;
-        failure.description = QStringLiteral("Request was answered with the signature '%1' instead of 's'")
-                                  .arg(reply.signature());
-        return false;
-    }
-    text = args[0].toString();
+    text = answer.toString();
     return true;
 }
 

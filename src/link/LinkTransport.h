@@ -1,5 +1,7 @@
 #pragma once
+#include <QMetaType>
 #include <QString>
+#include <QVariant>
 #include <QtGlobal>
 
 // A failure of the link layer: a number and a description. Number 0 means no failure.
@@ -57,6 +59,11 @@ public:
     int CallTimeout() const { return timeoutMs; }
 
 private:
+    // One blocking call on the conversation. With `expected` other than UnknownType the reply
+    // must carry exactly one value of that type, given back in `value`.
+    bool Transact(const QString &method, const QVariantList &arguments, bool opening,
+                  QMetaType::Type expected, QVariant *value, LinkFailure &failure);
+
     bool open = false;
     QString busName;
     QString topic;
