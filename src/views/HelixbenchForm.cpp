@@ -65,8 +65,8 @@ void HelixbenchForm::BuildTabs()
     SSTab1->addTab(genotypeTab, QStringLiteral("Genotype"));
     SSTab1->addTab(geneEditorTab, QStringLiteral("Gene Editor"));
     SSTab1->addTab(organViewTab, QStringLiteral("Organ View"));
-    SSTab1->addTab(chemicalTab = new ChemicalTab(session, *this), QStringLiteral("Biochemistry"));
-    SSTab1->addTab(poseTab = new PoseTab(session, *this), QStringLiteral("Poses"));
+    SSTab1->addTab(chemicalTab = new ChemicalTab(session), QStringLiteral("Biochemistry"));
+    SSTab1->addTab(poseTab = new PoseTab(session), QStringLiteral("Poses"));
     SSTab1->addTab(exportTab = new ExportTab(session, *this), QStringLiteral("Export"));
     setCentralWidget(canvas);
     // Stale summaries are rebuilt when their tab is entered.
@@ -138,10 +138,10 @@ void HelixbenchForm::BuildMenus()
     gappAdvanced = menuBar()->addMenu(QStringLiteral("Advanced"));
     gappAdvanced->setObjectName(QStringLiteral("gappAdvanced"));
     AddAction(gappAdvanced, "gappaSavePoseDescriptions", QStringLiteral("Save Pose Descriptions"),
-              [this] { poseTab->SavePoseListCommand(); });
+              [this] { poseTab->SaveListCommand(); });
     gappAdvanced->addSeparator()->setObjectName(QStringLiteral("sep2"));
     AddAction(gappAdvanced, "gappaSaveChemicalList", QStringLiteral("Save Chemical List"),
-              [this] { chemicalTab->SaveChemicalListCommand(); });
+              [this] { chemicalTab->SaveListCommand(); });
     gappAdvanced->addSeparator()->setObjectName(QStringLiteral("sep3"));
     AddAction(gappAdvanced, "gappaChangeDefaultTemplate", QStringLiteral("Change Default Template"),
               [this] { frmChangeDefaultTemplate::Open(session, this); });

@@ -158,8 +158,8 @@ private slots:
         Fill("PoseTab");
         auto *poses = form->findChild<PoseTab *>();
         prompt.AnswerMessage(Prompt::Ok).AnswerMessage(Prompt::Ok);
-        form->findChild<ChemicalTab *>()->SaveChemicalListCommand();
-        poses->SavePoseListCommand();
+        form->findChild<ChemicalTab *>()->SaveListCommand();
+        poses->SaveListCommand();
         QCOMPARE(Shown(0), QStringLiteral("Helixbench|64|No changes to save, operation canceled"));
         QCOMPARE(QDir(sandbox->path()).entryList({"*.txt"}), QStringList());
 
@@ -167,7 +167,7 @@ private slots:
         Select("PoseListView", 4);
         prompt.AnswerInput(QStringLiteral("4"));
         Click("RenamePoseCommand");
-        poses->SavePoseListCommand();
+        poses->SaveListCommand();
         QVERIFY(!session->PosesChanged && QFile::exists(sandbox->path() + QStringLiteral("/PoseName.txt")));
 
         // A row that is missing is reported.
