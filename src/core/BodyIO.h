@@ -14,12 +14,15 @@ using StateRule = std::optional<std::array<quint8, 12>>;
 class BodyIO
 {
 public:
-    BodyIO(GenomeImage &image, bool reading, bool olderFormat)
-        : image(image), reading(reading), olderFormat(olderFormat) {}
+    BodyIO(GenomeImage &image, bool reading, bool olderFormat = false, bool olderAppearance = false)
+        : image(image), reading(reading), olderFormat(olderFormat), olderAppearance(olderAppearance) {}
 
     GenomeImage &image;
     const bool reading;
-    const bool olderFormat; // only ever true while reading
+    // Both only ever true while reading. The compatibility setting turns the 8-byte rules on
+    // with any value but "0", and the 2-byte appearance body only with "1".
+    const bool olderFormat;
+    const bool olderAppearance;
 
     void Byte(quint8 &value, int lo = 0, int hi = 255);
     // Rules are 12 bytes, 8 in the older format (read only).

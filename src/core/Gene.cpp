@@ -101,7 +101,8 @@ int Gene::BodyLength() const
 
 void Gene::SetMembers()
 {
-    BodyIO io(session.GenomeImage, true, session.CompatibilityMode != QLatin1String("0"));
+    BodyIO io(session.GenomeImage, true, session.CompatibilityMode != QLatin1String("0"),
+              session.CompatibilityMode == QLatin1String("1"));
     Body(io);
 }
 
@@ -119,7 +120,7 @@ void Gene::GetMembers()
     if (IsOpen)
         GetControls();
     PutGeneHeader();
-    BodyIO io(session.GenomeImage, false, false);
+    BodyIO io(session.GenomeImage, false);
     Body(io);
 }
 

@@ -286,6 +286,13 @@ private slots:
         QCOMPARE(session->CompatibilityMode, QStringLiteral("0"));
         auto header = [](int type, int sub) { return Header(type, sub, 1, true) + char(0x80); };
         QCOMPARE(ImageBytes(session->GenomeImage.WriteCursor), File(header(0, 0) + lobe(12) + header(2, 2) + Hex("031900") + header(2, 6) + Hex("0280")));
+
+        // Any other value than "0" or "1" asks nothing and keeps the magic, but still drops the
+        // weighting; the appearance keeps its Genus byte.
+        session->CompatibilityMode = QStringLiteral("2");
+        QVERIFY(Decode(File(Header(2, 2, 1, true) + Hex("031902") + Header(2, 6, 1, true) + Hex("0280"))));
+        QCOMPARE(QList<int>({session->GeneCount, At<clsAppearance>(0)->Genus, At<clsAppearance>(0)->MutabilityWeighting}),
+                 QList<int>({2, 2, 128}));
     }
 
     void overflowAsksAfterEachGene()

@@ -52,7 +52,7 @@ void clsAppearance::Body(BodyIO &io)
 {
     io.Byte(Region, 0, 5);
     io.Byte(Variety, 0, 25);
-    if (!io.olderFormat)
+    if (!io.olderAppearance)
         io.Byte(Genus, 0, 3);
 }
 
