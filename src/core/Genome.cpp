@@ -1,4 +1,5 @@
 // The genome's file commands and the two drivers between the image and the gene list.
+#include "core/FileTail.h"
 #include "core/Gene.h"
 #include "core/Session.h"
 #include "core/Text.h"
@@ -276,13 +277,16 @@ bool Session::SaveGenomeFile(const QString &name)
 {
     EncodeGenome();
     // Written to a temporary file and renamed over the target: a failed save leaves the
-    // old file whole.
+    // old file whole. The write covers the image and never shortens the file: the bytes of
+    // a longer old file behind it stay.
+    QByteArray bytes(reinterpret_cast<const char *>(GenomeImage.Bytes.data()), ::GenomeImage::Size);
+    bytes.append(FileTailBeyond(name, bytes.size()));
     QSaveFile file(name);
     if (!file.open(QIODevice::WriteOnly)) {
         ShowInfo(QStringLiteral("Error opening file:") + CRLF + name);
         return false;
     }
-    file.write(reinterpret_cast<const char *>(GenomeImage.Bytes.data()), ::GenomeImage::Size);
+    file.write(bytes);
     if (!file.commit()) {
         ShowInfo(QStringLiteral("Error writing file:") + CRLF + name + CRLF + file.errorString());
         return false;

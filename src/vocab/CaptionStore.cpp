@@ -1,5 +1,6 @@
 #include "vocab/CaptionStore.h"
 
+#include "core/FileTail.h"
 #include "core/Gene.h"
 #include "core/Session.h"
 #include "core/genes/BodyGenes.h"
@@ -311,10 +312,7 @@ void CaptionStore::WriteCaptionFile(const QString &path, const QString &shownNam
     // The file is overwritten from its first byte and never shortened: the bytes of an older,
     // longer file behind the new content stay where they were. The new content goes to a
     // temporary file first, so that a failure leaves the old file whole.
-    QFile old(path);
-    if (old.open(QIODevice::ReadOnly) && old.size() > bytes.size() && old.seek(bytes.size()))
-        bytes.append(old.readAll());
-    old.close();
+    bytes.append(FileTailBeyond(path, bytes.size()));
 
     Fault fault;
     QSaveFile file(path);

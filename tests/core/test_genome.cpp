@@ -169,10 +169,16 @@ private slots:
         QCOMPARE(session->GeneCount, qint16(0));
     }
 
-    // A name so long that the temporary file cannot be put in its place: the old file stays whole.
-    void failedSaveKeepsOldFile()
+    // A save over a longer file keeps the old bytes behind the image. A name so long that the
+    // temporary file cannot be put in its place fails, and the old file stays whole.
+    void saveOverAnOldFile()
     {
         session->NewGenome();
+        const QString longer = sandbox->path() + QStringLiteral("/longer.gen");
+        QVERIFY(TestFiles::Write(longer, QByteArray(GenomeImage::Size + 99, 'z')));
+        QVERIFY(session->SaveGenomeFile(longer));
+        QCOMPARE(TestFiles::Read(longer), QByteArray(reinterpret_cast<const char *>(session->GenomeImage.Bytes.data()), GenomeImage::Size) + QByteArray(99, 'z'));
+
         const QString file = sandbox->path() + QLatin1Char('/') + QString(250, QLatin1Char('a')) + ".gen";
         QVERIFY(TestFiles::Write(file, "old contents"));
         prompt.AnswerMessage(Prompt::Ok);
