@@ -3,13 +3,38 @@
 #include "core/Session.h"
 #include "core/Text.h"
 
+#include <QFile>
 #include <QSettings>
+#include <QUrl>
 
 namespace {
 const QString Application = QStringLiteral("Helixbench 2");
 const QString Section = QStringLiteral("Preferences");
 
 QString PreferenceKey(const QString &name) { return Section + QLatin1Char('/') + name; }
+
+// The text after "name=" in the group [group] of an INI file, as it stands. QSettings takes
+// an unquoted value with commas, such as a folder "/opt/Arkenfold, Deluxe/Genetics" written
+// by hand, for a list and drops the blanks around the commas; the folder is wanted whole.
+QString RawIniValue(const QString &fileName, const QString &group, const QString &name)
+{
+    QFile file(fileName);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
+        return QString();
+    bool inGroup = false;
+    while (!file.atEnd()) {
+        const QString line = QString::fromUtf8(file.readLine()).trimmed();
+        if (line.startsWith(QLatin1Char('[')) && line.endsWith(QLatin1Char(']'))) {
+            inGroup = QUrl::fromPercentEncoding(line.mid(1, line.size() - 2).toUtf8()) == group;
+            continue;
+        }
+        const int equals = line.indexOf(QLatin1Char('='));
+        if (inGroup && equals > 0
+            && QUrl::fromPercentEncoding(line.left(equals).trimmed().toUtf8()) == name)
+            return line.mid(equals + 1).trimmed();
+    }
+    return QString();
+}
 } // namespace
 
 void Session::LoadSettings()
@@ -60,7 +85,9 @@ QString Session::ReadGameSetting(const QString &name)
     const QVariant value = key.value(RegistryVersion + QLatin1Char('/') + name);
     if (!value.isValid())
         return ErrorMark;
-    const QString text = value.toString();
+    const QString text = value.typeId() == QMetaType::QStringList
+                             ? RawIniValue(key.fileName(), RegistryVersion, name)
+                             : value.toString();
     // The value and its terminator must fit a buffer of 100 bytes.
     if (text.toLocal8Bit().size() >= 100)
         return ErrorMark;

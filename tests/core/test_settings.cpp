@@ -53,6 +53,11 @@ private slots:
             sandbox->SetGameValue("Kelmoth Technology", "Arkenfold 2", "1.0", name, *name == 'G' ? fits : fits + 'h');
         QCOMPARE(QStringList({session->ReadGameSetting("Genetics Directory"), session->ReadGameSetting("Main Directory"),
                               session->ReadGameSetting("No Such Value")}), QStringList({fits, "<<ERROR>>", "<<ERROR>>"}));
+        // A value written by hand with an unquoted comma comes whole, blanks and all.
+        QVERIFY(TestFiles::Write(sandbox->SystemFolder() + "/Kelmoth Technology/Arkenfold 2.ini",
+                                 "[1.0]\nMain Directory = /opt/Arkenfold, Deluxe /\nGenetics%20Directory=/g, h\n"));
+        QCOMPARE(session->ReadGameSetting("Main Directory") + '|' + session->ReadGameSetting("Genetics Directory"),
+                 QStringLiteral("/opt/Arkenfold, Deluxe /|/g, h"));
         const std::pair<QString, QString> cases[] = {
             {"/games/genetics", "/games/genetics/"}, {"/games/genetics/", "/games/genetics/"}, {"", "/"},
             {QStringLiteral("/games/gen") + QChar(0) + QStringLiteral("junk/"), "/games/gen/"}, {"/a/b\x1f/c\n", "/a/b/"}};
