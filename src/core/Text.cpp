@@ -4,13 +4,12 @@
 
 namespace Text {
 
-double Val(const QString &text)
+double Val(const QString &typed)
 {
+    QString text = typed;
+    text.remove(QLatin1Char(' ')).remove(QLatin1Char('\t')).remove(QLatin1Char('\n'));
     int i = 0;
     const int n = text.size();
-    while (i < n && (text[i] == QLatin1Char(' ') || text[i] == QLatin1Char('\t')))
-        ++i;
-    const int start = i;
     if (i < n && (text[i] == QLatin1Char('+') || text[i] == QLatin1Char('-')))
         ++i;
     bool digits = false, point = false;
@@ -38,7 +37,7 @@ double Val(const QString &text)
             end = j;
     }
     bool ok = false;
-    const double v = text.mid(start, end - start).toDouble(&ok);
+    const double v = text.left(end).toDouble(&ok);
     return ok && std::isfinite(v) ? v : 0.0;
 }
 

@@ -15,8 +15,9 @@ inline QString Str(long long n)
 }
 
 namespace Text {
-// The value of the number a text begins with (blanks before it skipped, a sign, digits, one
-// decimal point, an exponent); 0 if it begins with none.
+// The value of the number a text begins with (a sign, digits, one decimal point, an
+// exponent); 0 if it begins with none. Blanks, tabs and line feeds are skipped wherever they
+// stand, so "1 000" is 1000 and " 0 7" is 7.
 double Val(const QString &text);
 // Rounds to the nearest whole number, ties to the even one.
 long long RoundHalfEven(double value);

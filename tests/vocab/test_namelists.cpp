@@ -123,8 +123,9 @@ private slots:
         QVERIFY(!Lists().AddChemical(slot));
         QCOMPARE(prompt.Last().text, QStringLiteral("No chemical slots left, delete un-used chemicals"));
 
-        // A name that begins with a number above 0 is a free slot, which cannot be renamed.
-        Lists().ChemicalNames[3] = QStringLiteral("5HT");
+        // A name that begins with a number above 0 is a free slot, which cannot be renamed; blanks
+        // inside the number do not end it.
+        Lists().ChemicalNames[3] = QStringLiteral("0 5HT");
         AnswerOk(1);
         QVERIFY(!Lists().RenameChemical(3));
         QCOMPARE(prompt.Last().text, QStringLiteral("Chemical 3 is empty and cannot be renamed"));
