@@ -37,13 +37,11 @@ ChemicalCombo::ChemicalCombo(Session &s, QWidget *parent) : QComboBox(parent), s
 
 void ChemicalCombo::showPopup()
 {
+    // The refill itself is quiet; setting the noted chemical again runs the change event,
+    // as any selection does.
     const int noted = currentIndex();
     FillChemicalList(session, this);
-    {
-        // The chemical was selected before the refill: putting it back is no new choice.
-        const QSignalBlocker quiet(this);
-        setCurrentIndex(noted);
-    }
+    setCurrentIndex(noted);
     QComboBox::showPopup();
 }
 
@@ -58,8 +56,10 @@ QScrollBar *BuildSlider(Session &session, const QString &name, int minimum, int 
     bar->setRange(minimum, maximum);
     bar->setSingleStep(1);
     bar->setPageStep(largeStep);
-    bar->setInvertedAppearance(reversed);
-    bar->setInvertedControls(false);
+    // A right-to-left bar has its maximum at the left, and its arrows, trough and keys all
+    // move the thumb the way they point.
+    if (reversed)
+        bar->setLayoutDirection(Qt::RightToLeft);
     bar->setMinimumWidth(150);
     bar->setFocusPolicy(Qt::StrongFocus);
     if (withReadout)
@@ -87,7 +87,7 @@ TimeSlider::TimeSlider(Session &s, const QString &name, QWidget *parent)
     setRange(0, Positions - 1);
     setSingleStep(1);
     setPageStep(1);
-    setInvertedAppearance(true);
+    setLayoutDirection(Qt::RightToLeft); // the longest time at the left
     setMinimumWidth(150);
     setFocusPolicy(Qt::StrongFocus);
     connect(this, &QScrollBar::valueChanged, this, [this](int position) { ShowSliderTime(session, position * 8); });

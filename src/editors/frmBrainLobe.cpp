@@ -502,9 +502,9 @@ void frmBrainLobe::SetKindControls()
         optPerceptible[g->Perceptible]->setChecked(true);
 
     scrThreshold->setValue(g->Threshold);
-    scrLeakage->SetStoredValue(g->Leakage);
     scrRestState->setValue(g->RestState);
     scrAttenuation->setValue(g->Attenuation);
+    scrLeakage->SetStoredValue(g->Leakage);
 
     ShowStateRule(session, g->StateRule, lblStateRule);
 

@@ -157,16 +157,37 @@ private slots:
         FillChemicalList(*s(), &combo);
         QCOMPARE(QString::number(combo.count()) + combo.itemText(0) + combo.itemText(17), QStringLiteral("256<nothing>17"));
         combo.setCurrentIndex(17);
-        // A renamed chemical shows when the combo next drops down, still selected, unsignalled.
+        // A renamed chemical shows when the combo next drops down, still selected; selecting it
+        // again runs the change event once.
         QSignalSpy changed(&combo, &QComboBox::currentIndexChanged);
         s()->Lists.ChemicalNames[17] = QStringLiteral("Starch");
         combo.showPopup();
         QCOMPARE(combo.currentText(), QStringLiteral("Starch"));
-        QCOMPARE(changed.count(), 0);
+        QCOMPARE(changed.count(), 1);
+        QCOMPARE(changed[0][0].toInt(), 17);
         combo.hidePopup();
 
+        // The longest time stands at the left; the arrow at the right end moves towards 0.
         TimeSlider time(*s(), QStringLiteral("scrTest"));
-        QVERIFY(time.invertedAppearance()); // the longest time stands at the left
+        time.resize(300, 20);
+        time.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&time));
+        time.setValue(10);
+        QTest::mouseClick(&time, Qt::LeftButton, {}, QPoint(time.width() - 3, time.height() / 2));
+        QCOMPARE(time.value(), 9);
+        QTest::mouseClick(&time, Qt::LeftButton, {}, QPoint(3, time.height() / 2));
+        QTest::mouseClick(&time, Qt::LeftButton, {}, QPoint(3, time.height() / 2));
+        QCOMPARE(time.value(), 11);
+        QStyleOptionSlider bar;
+        bar.initFrom(&time);
+        bar.orientation = Qt::Horizontal;
+        bar.minimum = time.minimum();
+        bar.maximum = time.maximum();
+        bar.sliderPosition = bar.sliderValue = 31;
+        bar.pageStep = time.pageStep();
+        bar.upsideDown = time.invertedAppearance();
+        QVERIFY(time.style()->subControlRect(QStyle::CC_ScrollBar, &bar, QStyle::SC_ScrollBarSlider, &time).right()
+                < time.width() / 2);
         time.setValue(31);
         QCOMPARE(s()->StatusPanel[2], QStringLiteral("Slider: 248 (Max to 0 in apprx. 52 years)"));
         time.setValue(0);
