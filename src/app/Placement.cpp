@@ -12,11 +12,17 @@ QScreen *ScreenOf(const QWidget *w)
     QScreen *s = w ? w->screen() : nullptr;
     return s ? s : QGuiApplication::primaryScreen();
 }
-// The outer size of a window; one never shown has no frame yet, and Qt reports its frame
-// geometry a pixel short.
-QSize OuterSize(const QWidget *w)
+// The outer size of a window, title bar and borders included. One never shown has no frame
+// yet (and Qt reports its frame geometry a pixel short): it is given the frame that the
+// window manager put around the reference window, if that one is on screen.
+QSize OuterSize(const QWidget *w, const QWidget *reference = nullptr)
 {
-    return w->isVisible() ? w->frameGeometry().size() : w->size();
+    if (w->isVisible())
+        return w->frameGeometry().size();
+    QSize frame(0, 0);
+    if (reference && reference->isVisible())
+        frame = reference->frameGeometry().size() - reference->geometry().size();
+    return w->size() + frame.expandedTo(QSize(0, 0));
 }
 } // namespace
 
@@ -49,7 +55,7 @@ void PlaceEditor(Session &session, QWidget *editor, const QWidget *mainWindow)
     int top = corner.y() + step;
     QScreen *s = ScreenOf(mainWindow);
     const QRect screen = s ? s->geometry() : QRect(0, 0, 1024, 768);
-    const QSize size = OuterSize(editor);
+    const QSize size = OuterSize(editor, mainWindow);
     if (left + size.width() > screen.right() + 1)
         left = screen.right() + 1 - size.width();
     if (top + size.height() > screen.bottom() + 1)
