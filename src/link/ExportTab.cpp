@@ -4,6 +4,7 @@
 #include "core/Session.h"
 #include "core/Text.h"
 #include "link/MacroLink.h"
+#include "vocab/FileNames.h"
 #include "views/HelixbenchForm.h"
 
 #include <QAction>
@@ -23,6 +24,8 @@
 #include <QSaveFile>
 #include <QTreeWidget>
 #include <QVBoxLayout>
+
+#include <limits>
 
 using Text::CRLF;
 
@@ -44,6 +47,7 @@ ExportTab::ExportTab(Session &s, HelixbenchForm &w) : session(s), mainWindow(w)
 
     DDE = Named(new QLineEdit(QStringLiteral("DDE"), this), "DDE");
     DDE->hide();
+    DDE->setMaxLength(std::numeric_limits<int>::max()); // a macro or a reply of any length passes whole
     link = std::make_unique<MacroLink>(session, *DDE, *InjectStatusLabel);
 
     connect(&session, &Session::ExportViewsMustFill, this, &ExportTab::FillExportViews);
@@ -140,6 +144,7 @@ QGroupBox *ExportTab::BuildScriptorium()
 
     auto *oneShotLabel = new QLabel(QStringLiteral("One Shot:"), Frame7);
     TestScriptText = Named(new QLineEdit(Frame7), "TestScriptText");
+    TestScriptText->setMaxLength(std::numeric_limits<int>::max());
     oneShotLabel->setBuddy(TestScriptText);
     TestScriptCommand = Named(new QPushButton(QStringLiteral("&Inject"), Frame7), "TestScriptCommand");
     connect(TestScriptCommand, &QPushButton::clicked, this, &ExportTab::InjectOneShot);
@@ -201,16 +206,19 @@ void ExportTab::LayEgg()
 
     const bool virgin = VirginBirthCheck->isChecked();
     const QString moniker = ParentMoniker->text();
-    if (!virgin && !QFileInfo::exists(GeneticsDirectory + moniker + QStringLiteral(".gen"))) {
+    // The game's folder may hold a parent's file in any case ("EVE_1234.GEN").
+    if (!virgin && !QFileInfo::exists(ResolveFileName(GeneticsDirectory, moniker + QStringLiteral(".gen")))) {
         session.ShowError(QStringLiteral("V-DNA for parent with moniker [") + moniker + QStringLiteral("] ") + CRLF
                           + QStringLiteral("does not exist. Cannot continue."));
         return;
     }
 
     // A leftover from an earlier laying goes first; one that will not go stops the command.
+    // A leftover in another case is the same file, and it goes too.
     const QString wisp = GeneticsDirectory + QStringLiteral("wisp.gen");
-    if (QFileInfo::exists(wisp) && !QFile::remove(wisp)) {
-        session.ShowFault(75, QStringLiteral("Path/File access error: ") + wisp,
+    const QString leftover = ResolveFileName(GeneticsDirectory, QStringLiteral("wisp.gen"));
+    if (QFileInfo::exists(leftover) && !QFile::remove(leftover)) {
+        session.ShowFault(75, QStringLiteral("Path/File access error: ") + leftover,
                           QStringLiteral("Error identifying location of Arkenfold on this computer"));
         return;
     }

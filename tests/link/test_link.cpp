@@ -60,8 +60,12 @@ private slots:
         tab().ExportMeCommand->click();
         QCOMPARE(prompt.Last().text, QStringLiteral("Not enough genes for viable life form, \r\n20 genes required"));
         QVERIFY(session().CreateGene(1, 3, false));
+        // A leftover in another case is the same file and goes before the new one is written.
+        QVERIFY(TestFiles::Write(game->Genetics() + QStringLiteral("/WISP.GEN"), "old"));
         tab().ExportMeCommand->click();
         QCOMPARE(Status(), QStringLiteral("Operation Complete (20 genes injected)"));
+        QCOMPARE(QDir(game->Genetics()).entryList({"*.gen", "*.GEN"}, QDir::Files, QDir::Name | QDir::IgnoreCase),
+                 QStringList{"wisp.gen"});
         game->WaitForTerminates(1);
         QCOMPARE(game->Column(0), (QStringList{"Initiate", "Execute", "Terminate"})); // the refused attempt sent nothing
         QCOMPARE(game->Column(3)[1], QStringLiteral("inst,sys: wtop,new: simp eggs 8 0 90 0,sys: camt,setv clas 33882624,setv attr 195,"
@@ -83,13 +87,13 @@ private slots:
         tab().EggColourCombo->setCurrentIndex(16);
         tab().SexCombo->setCurrentIndex(2);
         tab().VirginBirthCheck->click();
-        // The parent's file is only looked for, its moniker taken as typed, blanks and all; a
-        // refused egg takes no position.
+        // The parent's file is only looked for, in any case, its moniker taken as typed, blanks
+        // and all; a refused egg takes no position.
         tab().ParentMoniker->setText(QStringLiteral(" ADAM "));
         prompt.AnswerMessage(Prompt::Ok);
         tab().ExportMeCommand->click();
         QCOMPARE(prompt.Last().text, QStringLiteral("V-DNA for parent with moniker [ ADAM ] \r\ndoes not exist. Cannot continue."));
-        QVERIFY(TestFiles::Write(game->Genetics() + QStringLiteral("/ ADAM .gen"), "x"));
+        QVERIFY(TestFiles::Write(game->Genetics() + QStringLiteral("/ ADAM .GEN"), "x"));
         tab().ExportMeCommand->click();
         game->WaitForTerminates(7);
         const QStringList macros = game->Column(3).filter(QStringLiteral("inst,")); // what Execute carried
@@ -139,6 +143,16 @@ private slots:
         tab().ScriptListView->topLevelItem(0)->setSelected(true);
         tab().UpdateScriptCommand->click();
         QCOMPARE(Result() + Status(), QStringLiteral("Operation complete"));
+
+        // Long macros and replies pass whole.
+        const QString macro(40000, QLatin1Char('m')), reply(40000, QLatin1Char('r'));
+        QVERIFY(game->Start({QStringLiteral("--reply"), reply}));
+        tab().TestScriptText->setText(macro);
+        prompt.AnswerMessage(Prompt::Ok);
+        tab().TestScriptCommand->click();
+        QCOMPARE(prompt.Last().text, QStringLiteral("Results of '%1' were '%2'").arg(macro, reply));
+        game->WaitForTerminates(1);
+        QCOMPARE(game->Column(3).filter(QStringLiteral("mmm")).value(0).size(), macro.size());
     }
 
     void aMisbehavingGameEndsInItsFault_data()
