@@ -185,9 +185,15 @@ void HelixbenchForm::Startup(const QString &appDirectory)
 
 void HelixbenchForm::OpenOptions()
 {
-    auto *dialog = new frmOptions(session, this);
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    // One dialog at a time: a second call brings the open one to the front.
+    auto *dialog = findChild<frmOptions *>(QString(), Qt::FindDirectChildrenOnly);
+    if (!dialog) {
+        dialog = new frmOptions(session, this);
+        dialog->setAttribute(Qt::WA_DeleteOnClose);
+    }
     dialog->show();
+    dialog->raise();
+    dialog->activateWindow();
 }
 
 bool HelixbenchForm::ConfirmQuit()

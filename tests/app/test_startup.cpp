@@ -4,6 +4,7 @@
 #include "support/ScriptedPrompt.h"
 #include "support/StoredPreferences.h"
 #include "support/TestEnv.h"
+#include "settings/frmOptions.h"
 #include "views/HelixbenchForm.h"
 
 #include <QLabel>
@@ -118,6 +119,16 @@ private slots:
             QCOMPARE(StoredPreferences::Get(QStringLiteral("Product")).toString(),
                      QString::fromLatin1(c.closes ? "Arkenfold 9" : ""));
         }
+    }
+
+    // The menu entry opens the options once; asked again, it brings the same dialog forward.
+    void advancedOptionsStandOnce()
+    {
+        auto *entry = form->findChild<QAction *>(QStringLiteral("gappaAdvancedOptions"));
+        entry->trigger();
+        entry->trigger();
+        const auto dialogs = form->findChildren<frmOptions *>();
+        QVERIFY(dialogs.size() == 1 && dialogs[0]->isVisible());
     }
 
 private:
