@@ -1,6 +1,7 @@
 // The Export tab's layout and its two egg commands: Lay Egg and Remove Selected Melk.
 #include "link/ExportTab.h"
 
+#include "app/Placement.h"
 #include "core/Session.h"
 #include "core/Text.h"
 #include "link/MacroLink.h"
@@ -42,6 +43,8 @@ template <typename W> W *Named(W *widget, const char *name)
 ExportTab::ExportTab(Session &s, HelixbenchForm &w) : session(s), mainWindow(w)
 {
     auto *layout = new QVBoxLayout(this);
+    const int margin = Placement::TwipsToPixels(240, this);
+    layout->setContentsMargins(margin, margin, margin, margin);
     layout->addWidget(BuildInterfaceControl());
     layout->addWidget(BuildScriptorium(), 1);
 

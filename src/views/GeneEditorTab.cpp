@@ -1,5 +1,6 @@
 #include "views/GeneEditorTab.h"
 
+#include "app/Placement.h"
 #include "core/Gene.h"
 #include "core/GeneCommands.h"
 #include "core/GeneView.h"
@@ -36,6 +37,8 @@ GeneEditorTab::GeneEditorTab(Session &s, HelixbenchForm &w)
 {
     setObjectName(QStringLiteral("GeneEditorTab"));
     auto *layout = new QVBoxLayout(this);
+    const int margin = Placement::TwipsToPixels(240, this);
+    layout->setContentsMargins(margin, margin, margin, margin);
     auto *frame = new QGroupBox(QStringLiteral("Gene Layout by Number"), this);
     frame->setObjectName(QStringLiteral("GE_frame"));
     layout->addWidget(frame);
@@ -276,7 +279,14 @@ void GeneEditorTab::AddGeneRow(int numericId)
 {
     auto *row = new QTreeWidgetItem;
     FillGeneRow(row, numericId);
-    GeneListListView->addTopLevelItem(row);
+    // The view is sorted: the new row goes after the last row whose text in the sort column
+    // does not come after its own.
+    QTreeWidget *v = GeneListListView;
+    const QString text = row->text(sortColumn);
+    int at = v->topLevelItemCount();
+    while (at > 0 && text < v->topLevelItem(at - 1)->text(sortColumn))
+        --at;
+    v->insertTopLevelItem(at, row);
 }
 
 int GeneEditorTab::SelectedGeneIndex() const

@@ -31,7 +31,7 @@ HelixbenchForm::HelixbenchForm(Session &s, QWidget *parent) : QMainWindow(parent
     BuildTabs();
     BuildMenus();
     BuildStatusBar();
-    resize(900, 640);
+    resize(Placement::TwipsToPixels(13500, this), Placement::TwipsToPixels(9600, this)); // 900 x 640 at 96 dpi
 
     connect(&session, &Session::StatusPanelChanged, this, [this](int panel, const QString &text) {
         if (panel >= 1 && panel <= 3)
@@ -82,6 +82,8 @@ QWidget *HelixbenchForm::BuildCoverTab()
 {
     auto *page = new QWidget;
     auto *outer = new QVBoxLayout(page);
+    const int margin = Placement::TwipsToPixels(240, this);
+    outer->setContentsMargins(margin, margin, margin, margin);
     auto *frame = new QGroupBox(page);
     frame->setObjectName(QStringLiteral("TP_frame"));
     auto *layout = new QVBoxLayout(frame);
@@ -235,10 +237,11 @@ void HelixbenchForm::LayOutTabs()
 {
     const QSize outer = frameGeometry().size();
     QSize size = SSTab1->size();
-    if (outer.width() > Placement::TwipsToPixels(7200, this))
+    if (!tabsLaidOut || outer.width() > Placement::TwipsToPixels(7200, this))
         size.setWidth(canvas->width());
-    if (outer.height() > Placement::TwipsToPixels(7500, this))
+    if (!tabsLaidOut || outer.height() > Placement::TwipsToPixels(7500, this))
         size.setHeight(canvas->height());
+    tabsLaidOut = true;
     SSTab1->setGeometry(QRect(QPoint(0, 0), size));
 }
 

@@ -59,4 +59,5 @@ private:
     void LayOutTabs();
 
     QWidget *canvas = nullptr;
+    bool tabsLaidOut = false; // the first layout takes the whole canvas, whatever its size
 };

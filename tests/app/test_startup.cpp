@@ -121,6 +121,23 @@ private slots:
         }
     }
 
+    // The tabs fill the window from the first show; below 7200 x 7500 twips outside they keep
+    // their last size, above it they follow.
+    void tabsFollowOnlyALargeWindow()
+    {
+        form->show();
+        QVERIFY(QTest::qWaitForWindowExposed(form.get()));
+        QWidget *canvas = form->SSTab1->parentWidget();
+        QCOMPARE(form->SSTab1->size(), canvas->size());
+        const QSize shown = canvas->size();
+        const int twip = 15; // pixels at 96 dpi are 15 twips
+        form->resize(7000 / twip, 7000 / twip);
+        QTRY_COMPARE(canvas->width(), 7000 / twip);
+        QCOMPARE(form->SSTab1->size(), shown);
+        form->resize(8000 / twip, 8000 / twip);
+        QTRY_COMPARE(form->SSTab1->size(), canvas->size());
+    }
+
     // The menu entry opens the options once; asked again, it brings the same dialog forward.
     void advancedOptionsStandOnce()
     {
