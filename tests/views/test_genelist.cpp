@@ -82,6 +82,11 @@ private slots:
         QCOMPARE(Column(6), QStringLiteral("Header,alpha,beta,mid,zeta"));
         ClickHeader(1); // numbers sort as text
         QCOMPARE(Column(1), QStringLiteral("0,10,100,2,9"));
+        // A new gene's row takes its sorted place.
+        Click("NewGeneCommand");
+        kit.prompt.AnswerInput(QStringLiteral("new"));
+        form->findChild<NewGeneForm *>()->btnCreateAndClose->click();
+        QCOMPARE(Column(1) + '|' + Column(6).section(',', 1, 1), QStringLiteral("0,0,10,100,2,9|001 new - Brain Lobe"));
     }
 
     void deleteAsksProtectsAndMovesTheSelection()
