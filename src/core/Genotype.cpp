@@ -11,18 +11,18 @@ namespace Genotype {
 
 int KindCategory(int type, int subType)
 {
-    switch (type * 16 + subType) {
-    case 0x11: return 0;  // emitters
-    case 0x10: return 1;  // receptors
-    case 0x12: return 2;  // reactions
-    case 0x14: return 3;  // initial concentrations
-    case 0x20: return 4;  // stimuli
-    case 0x22: return 5;  // appearance
-    case 0x23: return 6;  // poses
-    case 0x25: return 7;  // instincts
-    case 0x24: return 8;  // gaits
-    case 0x26: return 9;  // pigmentation
-    case 0x30: return 10; // organs
+    switch (type * 256 + subType) {
+    case 0x101: return 0;  // emitters
+    case 0x100: return 1;  // receptors
+    case 0x102: return 2;  // reactions
+    case 0x104: return 3;  // initial concentrations
+    case 0x200: return 4;  // stimuli
+    case 0x202: return 5;  // appearance
+    case 0x203: return 6;  // poses
+    case 0x205: return 7;  // instincts
+    case 0x204: return 8;  // gaits
+    case 0x206: return 9;  // pigmentation
+    case 0x300: return 10; // organs
     default: return -1;
     }
 }
