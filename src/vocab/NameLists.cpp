@@ -191,10 +191,14 @@ bool NameLists::ReadListFile(const QString &path, QString *first, QString *secon
     return true;
 }
 
-bool NameLists::WriteListFile(const QString &spelling, const QString *first, const QString *second, int entries,
-                              const QString &faultContext)
+bool NameLists::WriteListFile(const QString &readSpelling, const QString &writeSpelling, const QString *first,
+                              const QString *second, int entries, const QString &faultContext)
 {
-    const QString path = ListFilePath(spelling);
+    // The file written is the one the next load reads, even where both spellings stand side
+    // by side; only a new file takes the written spelling.
+    QString path = ListFilePath(readSpelling);
+    if (!QFileInfo::exists(path))
+        path = ListFilePath(writeSpelling);
     FileFault fault;
     if (!VocabFiles::WriteOverFront(path, EncodeListFile(first, second, entries), fault)) {
         session.ShowFault(fault.Number, fault.Description, faultContext);
@@ -264,7 +268,7 @@ void NameLists::LoadScriptList()
 
 bool NameLists::SaveChemicalList()
 {
-    if (!WriteListFile(ChemicalsWritten, ChemicalNames.data(), ChemicalCaptions.data(), ListEntries,
+    if (!WriteListFile(ChemicalsRead, ChemicalsWritten, ChemicalNames.data(), ChemicalCaptions.data(), ListEntries,
                        QStringLiteral("Error saving chemical names")))
         return false;
     session.ChemicalsChanged = false;
@@ -273,7 +277,7 @@ bool NameLists::SaveChemicalList()
 
 bool NameLists::SavePoseList()
 {
-    if (!WriteListFile(PosesWritten, PoseNames.data(), PoseCaptions.data(), ListEntries,
+    if (!WriteListFile(PosesRead, PosesWritten, PoseNames.data(), PoseCaptions.data(), ListEntries,
                        QStringLiteral("Error saving pose names")))
         return false;
     session.PosesChanged = false;
@@ -282,7 +286,7 @@ bool NameLists::SavePoseList()
 
 bool NameLists::SaveScriptList()
 {
-    if (!WriteListFile(ScriptsFile, ScriptNames.data(), ScriptMacros.data(), ScriptEntries,
+    if (!WriteListFile(ScriptsFile, ScriptsFile, ScriptNames.data(), ScriptMacros.data(), ScriptEntries,
                        QStringLiteral("Error saving script names")))
         return false;
     session.ScriptsChanged = false;

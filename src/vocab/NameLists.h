@@ -112,9 +112,10 @@ private:
     bool ReadListFile(const QString &path, QString *first, QString *second, int entries,
                       const QString &faultContext);
     // Writes a list file over the first bytes of an existing one (an older, longer file keeps
-    // its tail); false after a fault (reported with faultContext).
-    bool WriteListFile(const QString &spelling, const QString *first, const QString *second, int entries,
-                       const QString &faultContext);
+    // its tail): the file found under the read spelling, or a new one under the written
+    // spelling. False after a fault (reported with faultContext).
+    bool WriteListFile(const QString &readSpelling, const QString &writeSpelling, const QString *first,
+                       const QString *second, int entries, const QString &faultContext);
     // Makes the program's folder the current one and gives the path of a file in it.
     QString ListFilePath(const QString &name) const;
 

@@ -62,6 +62,14 @@ private slots:
         Lists().LoadChemicalList();
         QVERIFY(Lists().SaveChemicalList());
         QCOMPARE(TestFiles::Read(Path("CHEMICALS.TXT")), expected);
+
+        // With both spellings side by side, the save goes to the file the load reads.
+        QVERIFY(QFile::rename(Path("CHEMICALS.TXT"), Path("chemicals.txt")) && TestFiles::Write(Path("Chemicals.txt"), "other"));
+        Lists().ChemicalNames[2] = QStringLiteral("Glucose");
+        QVERIFY(Lists().SaveChemicalList());
+        NewSession();
+        Lists().LoadChemicalList();
+        QCOMPARE(Lists().ChemicalNames[2] + TestFiles::Read(Path("Chemicals.txt")), QStringLiteral("Glucoseother"));
     }
 
     void scriptFileHoldsNamesThenMacros()
