@@ -208,14 +208,15 @@ CaptionStore::Fault CaptionStore::Read(QIODevice &in)
     const qint16 count = r.S16();
     if (!r.Ok())
         return r.fault;
-    if (tag != FileTag)
-        return WrongTag;
 
     // The file replaces the whole table. Records come in whole or not at all, and the count
     // never reaches past the records that arrived, so a short file leaves a consistent store.
+    // A count of another type than a 16-bit one cannot be read on: the store stays empty.
     for (CaptionRecord &rec : table)
         rec = CaptionRecord();
     CaptionCount = 0;
+    if (tag != FileTag)
+        return WrongTag;
     const qint16 wanted = qint16(qBound(0, int(count), int(InUse)));
 
     for (int i = 0; i < Records; ++i) {
