@@ -10,18 +10,27 @@ void BodyIO::Byte(quint8 &value, int lo, int hi)
         image.PutGenomeByte(value);
 }
 
-void BodyIO::Rule(StateRule &rule)
+void GetStateRule(GenomeImage &image, StateRule &rule, bool olderFormat)
 {
-    if (reading) {
-        if (!rule)
-            rule = std::array<quint8, 12>{};
-        const int n = olderFormat ? 8 : 12;
-        for (int i = 0; i < n; ++i)
-            (*rule)[size_t(i)] = image.GetGenomeByte(0, 255);
-        return;
-    }
+    if (!rule)
+        rule = std::array<quint8, 12>{};
+    const int n = olderFormat ? 8 : 12;
+    for (int i = 0; i < n; ++i)
+        (*rule)[size_t(i)] = image.GetGenomeByte(0, 255);
+}
+
+void PutStateRule(GenomeImage &image, const StateRule &rule)
+{
     for (int i = 0; i < 12; ++i)
         image.PutGenomeByte(rule ? (*rule)[size_t(i)] : 0);
+}
+
+void BodyIO::Rule(StateRule &rule)
+{
+    if (reading)
+        GetStateRule(image, rule, olderFormat);
+    else
+        PutStateRule(image, rule);
 }
 
 void BodyIO::Chars(QString &text, int length, int lo, int hi)
