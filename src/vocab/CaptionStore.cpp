@@ -317,7 +317,6 @@ void CaptionStore::WriteCaptionFile(const QString &path, const QString &shownNam
 
     Fault fault;
     QSaveFile file(path);
-    file.setDirectWriteFallback(true);
     if (!file.open(QIODevice::WriteOnly)) {
         fault = FaultOf(file.error());
     } else if (file.write(bytes) != bytes.size()) {
