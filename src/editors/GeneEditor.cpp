@@ -258,9 +258,11 @@ void GeneEditor::keyPressEvent(QKeyEvent *event)
         event->accept();
         return;
     }
-    // Escape would reject the dialog without reaching the gene: it does nothing here.
+    // Escape is the keyboard's Cancel: it goes the way of the button, so the gene's state is
+    // handled as a Cancel handles it (a plain reject would bypass that).
     if (event->key() == Qt::Key_Escape) {
         event->accept();
+        btnCancel->click();
         return;
     }
     QDialog::keyPressEvent(event);
