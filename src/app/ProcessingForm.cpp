@@ -19,6 +19,6 @@ ProcessingForm::ProcessingForm(QWidget *parent) : QWidget(parent, Qt::Tool | Qt:
     ProgressBar->setValue(0);
     layout->addWidget(StatusLabel);
     layout->addWidget(ProgressBar);
-    resize(320, 90);
+    resize(Placement::TwipsToPixels(4800, this), Placement::TwipsToPixels(1350, this));
     Placement::CentreForm(this);
 }

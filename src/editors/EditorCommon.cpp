@@ -1,5 +1,6 @@
 #include "editors/EditorCommon.h"
 
+#include "app/Placement.h"
 #include "core/Gene.h"
 #include "core/Session.h"
 #include "core/Text.h"
@@ -60,7 +61,7 @@ QScrollBar *BuildSlider(Session &session, const QString &name, int minimum, int 
     // move the thumb the way they point.
     if (reversed)
         bar->setLayoutDirection(Qt::RightToLeft);
-    bar->setMinimumWidth(150);
+    bar->setMinimumWidth(Placement::TwipsToPixels(2250, bar));
     bar->setFocusPolicy(Qt::StrongFocus);
     if (withReadout)
         QObject::connect(bar, &QScrollBar::valueChanged, bar, [&session](int v) { ShowSlider(session, v); });
@@ -88,7 +89,7 @@ TimeSlider::TimeSlider(Session &s, const QString &name, QWidget *parent)
     setSingleStep(1);
     setPageStep(1);
     setLayoutDirection(Qt::RightToLeft); // the longest time at the left
-    setMinimumWidth(150);
+    setMinimumWidth(Placement::TwipsToPixels(2250, this));
     setFocusPolicy(Qt::StrongFocus);
     connect(this, &QScrollBar::valueChanged, this, [this](int position) { ShowSliderTime(session, position * 8); });
 }

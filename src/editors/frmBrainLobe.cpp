@@ -1,5 +1,6 @@
 #include "editors/frmBrainLobe.h"
 
+#include "app/Placement.h"
 #include "core/Session.h"
 #include "core/Text.h"
 #include "core/genes/BrainLobe.h"
@@ -403,7 +404,7 @@ QLabel *frmBrainLobe::RuleLabel(const QString &name)
     label->setFrameShape(QFrame::StyledPanel);
     label->setFrameShadow(QFrame::Sunken);
     label->setWordWrap(true);
-    label->setMinimumWidth(260);
+    label->setMinimumWidth(Placement::TwipsToPixels(3900, this));
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     return label;
 }

@@ -129,8 +129,8 @@ QGroupBox *ExportTab::BuildScriptorium()
     ScriptListView->setSortingEnabled(false);
     ScriptListView->setSelectionMode(QAbstractItemView::SingleSelection);
     ScriptListView->setAllColumnsShowFocus(true);
-    ScriptListView->header()->resizeSection(0, 180);
-    ScriptListView->header()->resizeSection(1, 260);
+    ScriptListView->header()->resizeSection(0, Placement::TwipsToPixels(2700, this));
+    ScriptListView->header()->resizeSection(1, Placement::TwipsToPixels(3900, this));
     // The pop-up opens when the right button is released, not on the context-menu event.
     ScriptListView->setContextMenuPolicy(Qt::PreventContextMenu);
     ScriptListView->viewport()->installEventFilter(this);

@@ -1,5 +1,6 @@
 #include "views/frmChangeDefaultTemplate.h"
 
+#include "app/Placement.h"
 #include "core/Session.h"
 #include "core/Text.h"
 #include "vocab/NameLists.h"
@@ -57,7 +58,7 @@ frmChangeDefaultTemplate::frmChangeDefaultTemplate(Session &s, QWidget *parent) 
     connect(DCloseCommand, &QPushButton::clicked, this, &QDialog::close);
 
     ShowDefaultTemplate();
-    resize(DefaultListView->columnWidth(0) + 220, 350);
+    resize(DefaultListView->columnWidth(0) + Placement::TwipsToPixels(3300, this), Placement::TwipsToPixels(5250, this));
 }
 
 frmChangeDefaultTemplate *frmChangeDefaultTemplate::Open(Session &session, QWidget *parent)
