@@ -6,6 +6,7 @@
 #include "link/ExportTab.h"
 #include "settings/frmOptions.h"
 #include "views/ChemicalTab.h"
+#include "views/CoverPicture.h"
 #include "views/frmChangeDefaultTemplate.h"
 #include "views/GeneEditorTab.h"
 #include "views/GenotypeTab.h"
@@ -103,7 +104,7 @@ QWidget *HelixbenchForm::BuildCoverTab()
     auto *image = new QLabel(frame);
     image->setObjectName(QStringLiteral("Image1"));
     image->setAlignment(Qt::AlignCenter);
-    image->setPixmap(QPixmap(QStringLiteral(":/cover.png")));
+    image->setPixmap(DrawCoverPicture(this));
 
     VersionLabel = new QLabel(QStringLiteral("VERSION"), frame);
     VersionLabel->setObjectName(QStringLiteral("VersionLabel"));
