@@ -1,6 +1,7 @@
 // Decode + encode of a 900-gene genome, beside the floor of copying the 36,001 bytes of the
 // image once. Prints the ratio of the two at the end.
 #include "BenchGenome.h"
+#include "RatioReporter.h"
 
 #include "core/Session.h"
 
@@ -55,27 +56,6 @@ void CopyImage(benchmark::State &state)
 }
 BENCHMARK(CopyImage)->Unit(benchmark::kMicrosecond);
 
-// Keeps the time per iteration of each benchmark (the mean, when repeated) for the ratio line.
-// Both benchmarks report in microseconds.
-class RatioReporter : public benchmark::ConsoleReporter
-{
-public:
-    std::map<std::string, double> micros;
-    void ReportRuns(const std::vector<Run> &runs) override
-    {
-        for (const Run &r : runs) {
-            if (r.error_occurred)
-                continue;
-            const bool mean = r.run_type == Run::RT_Aggregate && r.aggregate_name == "mean";
-            if (mean || (r.run_type == Run::RT_Iteration && !micros.count(r.run_name.function_name + "_mean")))
-                micros[r.run_name.function_name] = r.GetAdjustedRealTime();
-            if (mean)
-                micros[r.run_name.function_name + "_mean"] = 1;
-        }
-        ConsoleReporter::ReportRuns(runs);
-    }
-};
-
 } // namespace
 
 int main(int argc, char **argv)
@@ -83,11 +63,7 @@ int main(int argc, char **argv)
     benchmark::Initialize(&argc, argv);
     RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
-    const auto codec = reporter.micros.find("DecodeEncode");
-    const auto floor = reporter.micros.find("CopyImage");
-    if (codec != reporter.micros.end() && floor != reporter.micros.end() && floor->second > 0)
-        std::printf("decode+encode of 900 genes / copy of 36,001 bytes: %.0f x (%.1f us vs %.3f us)\n",
-                    codec->second / floor->second, codec->second, floor->second);
+    reporter.Ratio("DecodeEncode", "CopyImage");
     benchmark::Shutdown();
     return 0;
 }

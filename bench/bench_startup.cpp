@@ -12,6 +12,7 @@
 // user and must not say anything.
 // Run headless with QT_QPA_PLATFORM=offscreen.
 #include "BenchGenome.h"
+#include "RatioReporter.h"
 #include "core/Session.h"
 #include "editors/EditorRegistry.h"
 #include "support/TestEnv.h"
@@ -144,25 +145,6 @@ void BM_StartupFloor(benchmark::State &state)
 }
 BENCHMARK(BM_StartupFloor)->Unit(benchmark::kMillisecond);
 
-// Keeps the real and CPU time per iteration of each benchmark for the ratios: the median
-// over the repetitions when there are any, else the one run.
-class RatioReporter : public benchmark::ConsoleReporter
-{
-public:
-    RatioReporter() : ConsoleReporter(OO_Tabular) {}
-    std::map<std::string, std::pair<double, double>> times;
-    void ReportRuns(const std::vector<Run> &runs) override
-    {
-        for (const Run &r : runs) {
-            const bool median = r.run_type == Run::RT_Aggregate && r.aggregate_name == "median";
-            const bool single = r.run_type == Run::RT_Iteration && r.iterations > 0 && r.repetitions <= 1;
-            if ((median || single) && !r.error_occurred)
-                times[r.run_name.function_name] = {r.GetAdjustedRealTime(), r.GetAdjustedCPUTime()};
-        }
-        ConsoleReporter::ReportRuns(runs);
-    }
-};
-
 // The offscreen platform warns at every window it shows that it cannot pass size hints on;
 // a line on the terminal per round would time the terminal. Everything else gets through.
 QtMessageHandler passOn = nullptr;
@@ -197,14 +179,7 @@ int main(int argc, char **argv)
 
         RatioReporter reporter; // tabular, without colour codes
         benchmark::RunSpecifiedBenchmarks(&reporter);
-        const char *work = "BM_Startup", *floor = "BM_StartupFloor";
-        if (reporter.times.count(work) && reporter.times.count(floor)) {
-            const auto [workReal, workCpu] = reporter.times[work];
-            const auto [floorReal, floorCpu] = reporter.times[floor];
-            if (floorReal > 0 && floorCpu > 0)
-                std::printf("%-14s / floor: %.2f real time, %.2f CPU time\n", work, workReal / floorReal,
-                            workCpu / floorCpu);
-        }
+        reporter.Ratio("BM_Startup", "BM_StartupFloor");
         rig = nullptr;
         QDir::setCurrent(startFolder);
     }

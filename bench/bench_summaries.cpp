@@ -3,6 +3,7 @@
 // same run. Prints the ratios at the end.
 // Run headless with QT_QPA_PLATFORM=offscreen.
 #include "BenchGenome.h"
+#include "RatioReporter.h"
 #include "core/Gene.h"
 #include "core/Session.h"
 #include "views/GenotypeTab.h"
@@ -175,21 +176,6 @@ void BM_GenotypeFloor(benchmark::State &state)
 }
 BENCHMARK(BM_GenotypeFloor)->Unit(benchmark::kMicrosecond);
 
-// Keeps the real and CPU time per iteration of each benchmark for the ratios.
-class RatioReporter : public benchmark::ConsoleReporter
-{
-public:
-    RatioReporter() : ConsoleReporter(OO_Tabular) {}
-    std::map<std::string, std::pair<double, double>> times;
-    void ReportRuns(const std::vector<Run> &runs) override
-    {
-        for (const Run &r : runs)
-            if (r.run_type == Run::RT_Iteration && r.iterations > 0)
-                times[r.run_name.function_name] = {r.GetAdjustedRealTime(), r.GetAdjustedCPUTime()};
-        ConsoleReporter::ReportRuns(runs);
-    }
-};
-
 } // namespace
 
 int main(int argc, char **argv)
@@ -203,18 +189,9 @@ int main(int argc, char **argv)
 
     RatioReporter reporter; // tabular, without colour codes
     benchmark::RunSpecifiedBenchmarks(&reporter);
-    auto ratio = [&](const char *work, const char *floor) {
-        if (!reporter.times.count(work) || !reporter.times.count(floor))
-            return;
-        const auto [workReal, workCpu] = reporter.times[work];
-        const auto [floorReal, floorCpu] = reporter.times[floor];
-        if (floorReal > 0 && floorCpu > 0)
-            std::printf("%-14s / floor: %.2f real time, %.2f CPU time\n", work, workReal / floorReal,
-                        workCpu / floorCpu);
-    };
-    ratio("BM_LoadToViews", "BM_LoadToViewsFloor");
-    ratio("BM_OrganTree", "BM_OrganTreeFloor");
-    ratio("BM_Genotype", "BM_GenotypeFloor");
+    reporter.Ratio("BM_LoadToViews", "BM_LoadToViewsFloor");
+    reporter.Ratio("BM_OrganTree", "BM_OrganTreeFloor");
+    reporter.Ratio("BM_Genotype", "BM_GenotypeFloor");
     rig = nullptr;
     benchmark::Shutdown();
     return 0;
