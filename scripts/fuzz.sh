@@ -74,14 +74,61 @@ seed_genomes() {
   } >"$dir/seed-older"
 }
 
+# One entry of a list file: its 16-bit little-endian length, then its (ASCII) text.
+list_entry() {
+  local n=${#1}
+  printf "\\x$(printf %02x $((n & 255)))\\x$(printf %02x $((n >> 8)))%s" "$1"
+}
+
+# A script list: 20 empty scripts and the unused 21st, then their macros, the first written.
+script_list() {
+  local i
+  for i in $(seq 20); do list_entry '<empty>'; done; list_entry ''
+  list_entry 'inst'; for i in $(seq 20); do list_entry ''; done
+}
+
+# Seeds for the list reader: (first byte 0) the chemical list's defaults with a few captions,
+# high bytes among them, and (1) the script list; through the loader (odd, 0xF1 up) the script
+# list whole (0xF1) and one that ends inside an entry (0xF3); and a 257-entry list cut short.
+seed_lists() {
+  local dir="$1" i
+  mkdir -p "$dir"
+  {
+    printf '\x00'
+    list_entry '<none>'; for i in $(seq 255); do list_entry "$i"; done; list_entry ''
+    list_entry ''; printf '\x04\x00Caf\xe9'; printf '\x03\x00\x80\x81\x9d'
+    for i in $(seq 254); do list_entry ''; done
+  } >"$dir/seed-chemicals"
+  { printf '\x01'; script_list; } >"$dir/seed-scripts"
+  { printf '\xf1'; script_list; printf 'behind the list'; } >"$dir/seed-scripts-loaded"
+  { printf '\xf3'; head -c 150 < <(script_list); } >"$dir/seed-scripts-short"
+  { printf '\x02'; head -c 1004 "$dir/seed-chemicals" | tail -c +2; } >"$dir/seed-list-short"
+}
+
+# Seeds for the template reader: the presets (first byte 0), the presets through the loader
+# with a negative last row and a tail behind (1), and a short file for the loader to mend.
+template_presets() {
+  local v
+  for v in 27 43 59 8 26 4 104 19 8 12 0 8 12 0; do printf "\\x$(printf %02x "$v")\\x00\\x00\\x00"; done
+}
+seed_template() {
+  local dir="$1"
+  mkdir -p "$dir"
+  { printf '\x00'; template_presets; head -c 108 /dev/zero; } >"$dir/seed-presets"
+  { printf '\x01'; template_presets; head -c 104 /dev/zero; printf '\xf9\xff\xff\xfftail'; } >"$dir/seed-loaded"
+  printf '\x01\x05\x00\x00\x00\x06\x00\x00\x00\x07\x00' >"$dir/seed-short"
+}
+
 mkdir -p "$build/crashes"
 status=0
 for t in "${targets[@]}"; do
   corpus="$build/corpus/$t"
   mkdir -p "$corpus"
-  if [ "$t" = fuzz_decode ]; then
-    seed_genomes "$corpus"
-  fi
+  case "$t" in
+    fuzz_decode) seed_genomes "$corpus" ;;
+    fuzz_lists) seed_lists "$corpus" ;;
+    fuzz_template) seed_template "$corpus" ;;
+  esac
   echo "== $t ($bound)"
   "$build/fuzz/$t" "$corpus" "$bound" -max_len=36002 -timeout=10 -rss_limit_mb=2048 \
     -print_final_stats=1 -artifact_prefix="$build/crashes/$t-" || status=$?

@@ -1,0 +1,122 @@
+// Feeds arbitrary bytes to the mutation template reader. With the first byte odd they also
+// go to disk as mutations.txt and through the template's loader, which must take what the
+// reader takes and mend a short file, and only a short file; the rest is the file. Whatever
+// the reader makes of it writes back to the bytes it came from, and that reads again to the
+// same numbers and writes back identically.
+#include "FuzzPrompt.h"
+#include "core/Session.h"
+#include "vocab/MutationTemplate.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <algorithm>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+
+// A broken expectation is a finding: name it and stop.
+#define Check(condition)                                                                  \
+    do {                                                                                  \
+        if (!(condition)) {                                                               \
+            std::fprintf(stderr, "fuzz_template: expectation failed: %s\n", #condition); \
+            std::abort();                                                                 \
+        }                                                                                 \
+    } while (0)
+
+namespace {
+
+constexpr int FileBytes = MutationTemplate::Rows * 4;
+
+// Keeps the last message, so a reported fault can be checked for what it says.
+class RecordingPrompt : public FuzzPrompt
+{
+public:
+    QString text;
+    int style = 0;
+
+    int Message(const QString &title, const QString &body, int s) override
+    {
+        text = body;
+        style = s;
+        return FuzzPrompt::Message(title, body, s);
+    }
+};
+
+// What a row holds before the read: a row the reader leaves alone must still hold it.
+qint32 Before(int row) { return -1000 - row; }
+
+// The reader alone: it takes whole numbers from the front, at most one per row.
+void DecodeAndRoundTrip(const QByteArray &bytes)
+{
+    FuzzPrompt prompt;
+    Session session(prompt), again(prompt);
+    MutationTemplate &t = session.Template;
+    for (int r = 0; r < MutationTemplate::Rows; ++r)
+        t.DefaultGeneCounts[size_t(r)] = Before(r);
+
+    const int rows = t.Decode(bytes);
+    Check(rows == int(std::min<qsizetype>(bytes.size() / 4, MutationTemplate::Rows)));
+    for (int r = rows; r < MutationTemplate::Rows; ++r)
+        Check(t.DefaultGeneCounts[size_t(r)] == Before(r));
+
+    // The rows read write back to the bytes they came from, whatever their sign.
+    const QByteArray written = t.Encode();
+    Check(written.size() == FileBytes);
+    Check(written.left(rows * 4) == bytes.left(rows * 4));
+
+    MutationTemplate &u = again.Template;
+    Check(u.Decode(written) == MutationTemplate::Rows);
+    Check(u.DefaultGeneCounts == t.DefaultGeneCounts);
+    Check(u.Encode() == written);
+}
+
+// The same bytes as mutations.txt: the loader takes what the reader takes over the presets;
+// a file too short for every row is reported and written anew, a whole one is left alone.
+void ThroughTheLoader(const QByteArray &bytes)
+{
+    static QTemporaryDir dir;
+    Check(dir.isValid());
+    const QString path = dir.path() + QStringLiteral("/mutations.txt");
+    {
+        QFile file(path);
+        Check(file.open(QIODevice::WriteOnly | QIODevice::Truncate) && file.write(bytes) == bytes.size());
+    }
+
+    RecordingPrompt prompt;
+    FuzzPrompt quiet;
+    Session session(prompt), expected(quiet);
+    session.AppDirectory = dir.path();
+    // The loader makes the program's folder the current one; the fuzzer's own paths are
+    // relative to where it started.
+    const QString cwd = QDir::currentPath();
+    session.Template.LoadDefaultTemplate();
+    QDir::setCurrent(cwd);
+
+    expected.Template.Decode(bytes);
+    Check(session.Template.DefaultGeneCounts == expected.Template.DefaultGeneCounts);
+    if (bytes.size() >= FileBytes) {
+        Check(prompt.messages == 0);
+    } else {
+        Check(prompt.messages == 1 && prompt.style == 16);
+        Check(prompt.text
+              == QStringLiteral("An error occurred loading an internal file. I shall now attempt to correct this."));
+    }
+
+    QFile file(path);
+    Check(file.open(QIODevice::ReadOnly));
+    Check(file.readAll() == session.Template.Encode() + bytes.mid(FileBytes));
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
+{
+    if (size == 0)
+        return 0;
+    const QByteArray bytes(reinterpret_cast<const char *>(data + 1), qsizetype(size - 1));
+    DecodeAndRoundTrip(bytes);
+    if (data[0] & 1)
+        ThroughTheLoader(bytes);
+    return 0;
+}
