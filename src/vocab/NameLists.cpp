@@ -71,7 +71,15 @@ bool ReadFront(const QString &path, qint64 maxBytes, QByteArray &bytes, FileFaul
         fault = FileFault::Of(file, path);
         return false;
     }
-    bytes = file.read(maxBytes);
+    // Read in pieces: a single read of the limit would reserve all of it (some 34 MB for a
+    // chemical list) whatever the file's size.
+    bytes.clear();
+    while (bytes.size() < maxBytes) {
+        const QByteArray piece = file.read(qMin<qint64>(64 * 1024, maxBytes - bytes.size()));
+        if (piece.isEmpty())
+            break;
+        bytes += piece;
+    }
     if (file.error() != QFileDevice::NoError) {
         fault = FileFault::Of(file, path);
         return false;
