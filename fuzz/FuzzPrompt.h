@@ -1,5 +1,34 @@
 #pragma once
 #include "core/AutoPrompt.h"
 
+#include <QString>
+
+#include <cstdio>
+#include <cstdlib>
+
 // The fuzz targets' user: Yes and Ok to everything, so a reader runs every branch it can reach.
 using FuzzPrompt = AutoPrompt;
+
+// Keeps the last message, so a reported fault can be checked for what it says.
+class RecordingPrompt : public FuzzPrompt
+{
+public:
+    QString text;
+    int style = 0;
+
+    int Message(const QString &title, const QString &body, int s) override
+    {
+        text = body;
+        style = s;
+        return FuzzPrompt::Message(title, body, s);
+    }
+};
+
+// A broken expectation is a finding: name it and stop.
+#define FUZZ_CHECK(condition)                                                                    \
+    do {                                                                                         \
+        if (!(condition)) {                                                                      \
+            std::fprintf(stderr, "%s:%d: expectation failed: %s\n", __FILE__, __LINE__, #condition); \
+            std::abort();                                                                        \
+        }                                                                                        \
+    } while (0)

@@ -19,31 +19,7 @@
 #include <cstdlib>
 #include <vector>
 
-// A broken expectation is a finding: name it and stop.
-#define Check(condition)                                                               \
-    do {                                                                               \
-        if (!(condition)) {                                                            \
-            std::fprintf(stderr, "fuzz_lists: expectation failed: %s\n", #condition); \
-            std::abort();                                                              \
-        }                                                                              \
-    } while (0)
-
 namespace {
-
-// Keeps the last message, so a reported fault can be checked for what it says.
-class RecordingPrompt : public FuzzPrompt
-{
-public:
-    QString text;
-    int style = 0;
-
-    int Message(const QString &title, const QString &body, int s) override
-    {
-        text = body;
-        style = s;
-        return FuzzPrompt::Message(title, body, s);
-    }
-};
 
 // What the entries hold before the read, first array then second: an entry the reader
 // leaves alone must still hold it. Built once; the copies share the text.
@@ -64,7 +40,7 @@ void DecodeAndRoundTrip(const QByteArray &bytes, int entries)
     const std::vector<QString> &before = Before(entries);
     std::vector<QString> first(before.begin(), before.begin() + entries), second(before.begin() + entries, before.end());
     const int read = NameLists::DecodeListFile(bytes, first.data(), second.data(), entries);
-    Check(read >= 0 && read <= 2 * entries);
+    FUZZ_CHECK(read >= 0 && read <= 2 * entries);
 
     // A read entry took its length field and a byte per character.
     qsizetype consumed = 0;
@@ -73,25 +49,25 @@ void DecodeAndRoundTrip(const QByteArray &bytes, int entries)
         if (n < read)
             consumed += 2 + e.size();
         else
-            Check(e == before[size_t(n)]);
+            FUZZ_CHECK(e == before[size_t(n)]);
     }
-    Check(consumed <= bytes.size());
+    FUZZ_CHECK(consumed <= bytes.size());
     if (read < 2 * entries) {
         // It stopped where no whole entry was left.
         const QByteArray rest = bytes.mid(consumed);
-        Check(rest.size() < 2 || (quint8(rest[0]) | quint8(rest[1]) << 8) > rest.size() - 2);
+        FUZZ_CHECK(rest.size() < 2 || (quint8(rest[0]) | quint8(rest[1]) << 8) > rest.size() - 2);
     }
 
     // The entries read write back to the very bytes they came from (every byte value survives
     // the single-byte text); the untouched ones follow.
     const QByteArray written = NameLists::EncodeListFile(first.data(), second.data(), entries);
-    Check(written.left(consumed) == bytes.left(consumed));
-    Check(read < 2 * entries || written.size() == consumed);
+    FUZZ_CHECK(written.left(consumed) == bytes.left(consumed));
+    FUZZ_CHECK(read < 2 * entries || written.size() == consumed);
 
     std::vector<QString> first2(first.size()), second2(second.size());
-    Check(NameLists::DecodeListFile(written, first2.data(), second2.data(), entries) == 2 * entries);
-    Check(first2 == first && second2 == second);
-    Check(NameLists::EncodeListFile(first2.data(), second2.data(), entries) == written);
+    FUZZ_CHECK(NameLists::DecodeListFile(written, first2.data(), second2.data(), entries) == 2 * entries);
+    FUZZ_CHECK(first2 == first && second2 == second);
+    FUZZ_CHECK(NameLists::EncodeListFile(first2.data(), second2.data(), entries) == written);
 }
 
 // The same bytes as the script list's file: the loader fills the list as the reader does
@@ -99,11 +75,11 @@ void DecodeAndRoundTrip(const QByteArray &bytes, int entries)
 void ThroughTheLoader(const QByteArray &bytes)
 {
     static QTemporaryDir dir;
-    Check(dir.isValid());
+    FUZZ_CHECK(dir.isValid());
     const QString path = dir.path() + QStringLiteral("/scriptnames.txt");
     {
         QFile file(path);
-        Check(file.open(QIODevice::WriteOnly | QIODevice::Truncate) && file.write(bytes) == bytes.size());
+        FUZZ_CHECK(file.open(QIODevice::WriteOnly | QIODevice::Truncate) && file.write(bytes) == bytes.size());
     }
 
     RecordingPrompt prompt, quiet;
@@ -119,13 +95,13 @@ void ThroughTheLoader(const QByteArray &bytes)
     got.LoadScriptList();
     QDir::setCurrent(cwd);
 
-    Check(got.ScriptNames == want.ScriptNames && got.ScriptMacros == want.ScriptMacros
+    FUZZ_CHECK(got.ScriptNames == want.ScriptNames && got.ScriptMacros == want.ScriptMacros
           && got.ScriptResults == want.ScriptResults);
     if (read == 2 * NameLists::ScriptEntries) {
-        Check(prompt.messages == 0);
+        FUZZ_CHECK(prompt.messages == 0);
     } else {
-        Check(prompt.messages == 1 && prompt.style == 16);
-        Check(prompt.text.endsWith(QStringLiteral("\n\rDescription: Error ID 62 (Input past end of file: ") + path
+        FUZZ_CHECK(prompt.messages == 1 && prompt.style == 16);
+        FUZZ_CHECK(prompt.text.endsWith(QStringLiteral("\n\rDescription: Error ID 62 (Input past end of file: ") + path
                                    + QLatin1Char(')')));
     }
 }

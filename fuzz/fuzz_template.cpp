@@ -15,33 +15,9 @@
 #include <cstdio>
 #include <cstdlib>
 
-// A broken expectation is a finding: name it and stop.
-#define Check(condition)                                                                  \
-    do {                                                                                  \
-        if (!(condition)) {                                                               \
-            std::fprintf(stderr, "fuzz_template: expectation failed: %s\n", #condition); \
-            std::abort();                                                                 \
-        }                                                                                 \
-    } while (0)
-
 namespace {
 
 constexpr int FileBytes = MutationTemplate::Rows * 4;
-
-// Keeps the last message, so a reported fault can be checked for what it says.
-class RecordingPrompt : public FuzzPrompt
-{
-public:
-    QString text;
-    int style = 0;
-
-    int Message(const QString &title, const QString &body, int s) override
-    {
-        text = body;
-        style = s;
-        return FuzzPrompt::Message(title, body, s);
-    }
-};
 
 // What a row holds before the read: a row the reader leaves alone must still hold it.
 qint32 Before(int row) { return -1000 - row; }
@@ -56,19 +32,19 @@ void DecodeAndRoundTrip(const QByteArray &bytes)
         t.DefaultGeneCounts[size_t(r)] = Before(r);
 
     const int rows = t.Decode(bytes);
-    Check(rows == int(std::min<qsizetype>(bytes.size() / 4, MutationTemplate::Rows)));
+    FUZZ_CHECK(rows == int(std::min<qsizetype>(bytes.size() / 4, MutationTemplate::Rows)));
     for (int r = rows; r < MutationTemplate::Rows; ++r)
-        Check(t.DefaultGeneCounts[size_t(r)] == Before(r));
+        FUZZ_CHECK(t.DefaultGeneCounts[size_t(r)] == Before(r));
 
     // The rows read write back to the bytes they came from, whatever their sign.
     const QByteArray written = t.Encode();
-    Check(written.size() == FileBytes);
-    Check(written.left(rows * 4) == bytes.left(rows * 4));
+    FUZZ_CHECK(written.size() == FileBytes);
+    FUZZ_CHECK(written.left(rows * 4) == bytes.left(rows * 4));
 
     MutationTemplate &u = again.Template;
-    Check(u.Decode(written) == MutationTemplate::Rows);
-    Check(u.DefaultGeneCounts == t.DefaultGeneCounts);
-    Check(u.Encode() == written);
+    FUZZ_CHECK(u.Decode(written) == MutationTemplate::Rows);
+    FUZZ_CHECK(u.DefaultGeneCounts == t.DefaultGeneCounts);
+    FUZZ_CHECK(u.Encode() == written);
 }
 
 // The same bytes as mutations.txt: the loader takes what the reader takes over the presets;
@@ -76,11 +52,11 @@ void DecodeAndRoundTrip(const QByteArray &bytes)
 void ThroughTheLoader(const QByteArray &bytes)
 {
     static QTemporaryDir dir;
-    Check(dir.isValid());
+    FUZZ_CHECK(dir.isValid());
     const QString path = dir.path() + QStringLiteral("/mutations.txt");
     {
         QFile file(path);
-        Check(file.open(QIODevice::WriteOnly | QIODevice::Truncate) && file.write(bytes) == bytes.size());
+        FUZZ_CHECK(file.open(QIODevice::WriteOnly | QIODevice::Truncate) && file.write(bytes) == bytes.size());
     }
 
     RecordingPrompt prompt;
@@ -94,18 +70,18 @@ void ThroughTheLoader(const QByteArray &bytes)
     QDir::setCurrent(cwd);
 
     expected.Template.Decode(bytes);
-    Check(session.Template.DefaultGeneCounts == expected.Template.DefaultGeneCounts);
+    FUZZ_CHECK(session.Template.DefaultGeneCounts == expected.Template.DefaultGeneCounts);
     if (bytes.size() >= FileBytes) {
-        Check(prompt.messages == 0);
+        FUZZ_CHECK(prompt.messages == 0);
     } else {
-        Check(prompt.messages == 1 && prompt.style == 16);
-        Check(prompt.text
+        FUZZ_CHECK(prompt.messages == 1 && prompt.style == 16);
+        FUZZ_CHECK(prompt.text
               == QStringLiteral("An error occurred loading an internal file. I shall now attempt to correct this."));
     }
 
     QFile file(path);
-    Check(file.open(QIODevice::ReadOnly));
-    Check(file.readAll() == session.Template.Encode() + bytes.mid(FileBytes));
+    FUZZ_CHECK(file.open(QIODevice::ReadOnly));
+    FUZZ_CHECK(file.readAll() == session.Template.Encode() + bytes.mid(FileBytes));
 }
 
 } // namespace
