@@ -43,8 +43,6 @@ template <typename W> W *Named(W *widget, const char *name)
 ExportTab::ExportTab(Session &s, HelixbenchForm &w) : session(s), mainWindow(w)
 {
     auto *layout = new QVBoxLayout(this);
-    const int margin = Placement::TwipsToPixels(240, this);
-    layout->setContentsMargins(margin, margin, margin, margin);
     layout->addWidget(BuildInterfaceControl());
     layout->addWidget(BuildScriptorium(), 1);
 

@@ -1,6 +1,5 @@
 #include "views/GeneEditorTab.h"
 
-#include "app/Placement.h"
 #include "core/Gene.h"
 #include "core/GeneCommands.h"
 #include "core/GeneView.h"
@@ -37,8 +36,6 @@ GeneEditorTab::GeneEditorTab(Session &s, HelixbenchForm &w)
 {
     setObjectName(QStringLiteral("GeneEditorTab"));
     auto *layout = new QVBoxLayout(this);
-    const int margin = Placement::TwipsToPixels(240, this);
-    layout->setContentsMargins(margin, margin, margin, margin);
     auto *frame = new QGroupBox(QStringLiteral("Gene Layout by Number"), this);
     frame->setObjectName(QStringLiteral("GE_frame"));
     layout->addWidget(frame);

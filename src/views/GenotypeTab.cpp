@@ -1,6 +1,5 @@
 #include "views/GenotypeTab.h"
 
-#include "app/Placement.h"
 #include "core/Session.h"
 #include "views/HelixbenchForm.h"
 
@@ -46,9 +45,7 @@ void FillRows(QTreeWidget *list, const QList<QStringList> &rows)
 
 GenotypeTab::GenotypeTab(Session &s, HelixbenchForm &w) : session(s), mainWindow(w)
 {
-    const int margin = Placement::TwipsToPixels(240, this);
     auto *layout = new QVBoxLayout(this);
-    layout->setContentsMargins(margin, margin, margin, margin);
 
     auto *frame1 = new QGroupBox(QStringLiteral("Genetic Breakdown"), this);
     frame1->setObjectName(QStringLiteral("GT_frame1"));

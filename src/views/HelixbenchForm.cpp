@@ -69,6 +69,10 @@ void HelixbenchForm::BuildTabs()
     SSTab1->addTab(chemicalTab = new ChemicalTab(session), QStringLiteral("Biochemistry"));
     SSTab1->addTab(poseTab = new PoseTab(session), QStringLiteral("Poses"));
     SSTab1->addTab(exportTab = new ExportTab(session, *this), QStringLiteral("Export"));
+    // Each tab's frames stand 240 twips in from its edges.
+    const int margin = Placement::TwipsToPixels(240, this);
+    for (int i = 0; i < SSTab1->count(); ++i)
+        SSTab1->widget(i)->layout()->setContentsMargins(margin, margin, margin, margin);
     setCentralWidget(canvas);
     // Stale summaries are rebuilt when their tab is entered.
     connect(SSTab1, &QTabWidget::currentChanged, this, [this](int tab) {
@@ -83,8 +87,6 @@ QWidget *HelixbenchForm::BuildCoverTab()
 {
     auto *page = new QWidget;
     auto *outer = new QVBoxLayout(page);
-    const int margin = Placement::TwipsToPixels(240, this);
-    outer->setContentsMargins(margin, margin, margin, margin);
     auto *frame = new QGroupBox(page);
     frame->setObjectName(QStringLiteral("TP_frame"));
     auto *layout = new QVBoxLayout(frame);

@@ -1,6 +1,5 @@
 #include "views/NameListTab.h"
 
-#include "app/Placement.h"
 #include "core/Session.h"
 
 #include <QGroupBox>
@@ -60,9 +59,7 @@ void UpdateChemicalPoseInPlace(Session &session, int kind, QTreeWidget *view, in
 NameListTab::NameListTab(Session &s, const NameListTabLayout &layout) : session(s), kind(layout.kind)
 {
     setObjectName(QString::fromLatin1(layout.tabName));
-    const int margin = Placement::TwipsToPixels(240, this);
     auto *outer = new QVBoxLayout(this);
-    outer->setContentsMargins(margin, margin, margin, margin);
     frame = new QGroupBox(layout.frameTitle, this);
     frame->setObjectName(QString::fromLatin1(layout.frameName));
     outer->addWidget(frame);

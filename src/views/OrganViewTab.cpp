@@ -152,9 +152,7 @@ OrganViewTab::OrganViewTab(Session &s, HelixbenchForm &w) : session(s), mainWind
         GeneralImageList.insert(name, icon);
     }
 
-    const int margin = Placement::TwipsToPixels(240, this);
     auto *layout = new QVBoxLayout(this);
-    layout->setContentsMargins(margin, margin, margin, margin);
     auto *frame = new QGroupBox(QStringLiteral("Gene Layout by Organ"), this);
     frame->setObjectName(QStringLiteral("OV_frame"));
     layout->addWidget(frame);
@@ -176,7 +174,7 @@ OrganViewTab::OrganViewTab(Session &s, HelixbenchForm &w) : session(s), mainWind
     OrganStatusLabel = new QLabel(frame);
     OrganStatusLabel->setObjectName(QStringLiteral("OrganStatusLabel"));
     bottom->addWidget(EditFromOrganButton);
-    bottom->addSpacing(margin);
+    bottom->addSpacing(Placement::TwipsToPixels(240, this));
     bottom->addWidget(OrganStatusLabel, 1);
     inner->addLayout(bottom);
 
