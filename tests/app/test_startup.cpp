@@ -34,9 +34,7 @@ class TestStartup : public QObject
 private slots:
     void init()
     {
-        sandbox.reset(new SettingsSandbox);
-        prompt.Clear();
-        session.reset(new Session(prompt));
+        FreshSession(sandbox, prompt, session);
         form.reset(new HelixbenchForm(*session));
     }
 

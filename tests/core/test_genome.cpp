@@ -22,10 +22,7 @@ class TestGenome : public QObject
 private slots:
     void init()
     {
-        sandbox.reset(new SettingsSandbox);
-        prompt.Clear();
-        session.reset(new Session(prompt));
-        session->AppDirectory = sandbox->path();
+        FreshSession(sandbox, prompt, session);
     }
 
     void cleanup() { QVERIFY2(prompt.AllAnswered(), "a queued answer was not asked for"); }

@@ -13,9 +13,7 @@ class TestSettings : public QObject
 private slots:
     void init()
     {
-        sandbox.reset(new SettingsSandbox);
-        prompt.Clear();
-        session.reset(new Session(prompt));
+        FreshSession(sandbox, prompt, session);
     }
 
     void cleanup() { QVERIFY2(prompt.AllAnswered(), "a queued answer was not asked for"); }

@@ -45,10 +45,7 @@ struct EditorTestKit
 
     void Init()
     {
-        sandbox.reset(new SettingsSandbox);
-        prompt.Clear();
-        session.reset(new Session(prompt));
-        session->AppDirectory = sandbox->path();
+        FreshSession(sandbox, prompt, session);
         session->Tables.Build();
         mainWindow.reset(new QWidget);
         mainWindow->resize(300, 200);

@@ -15,9 +15,7 @@ class TestOptions : public QObject
 private slots:
     void init()
     {
-        sandbox.reset(new SettingsSandbox);
-        prompt.Clear();
-        session.reset(new Session(prompt));
+        FreshSession(sandbox, prompt, session);
         session->AppDirectory = sandbox->path() + QStringLiteral("/app/");
     }
 

@@ -1,5 +1,8 @@
 #include "support/TestEnv.h"
 
+#include "core/Session.h"
+#include "support/ScriptedPrompt.h"
+
 #include <QDir>
 #include <QFile>
 #include <QSettings>
@@ -10,6 +13,15 @@ SettingsSandbox::SettingsSandbox()
     QDir().mkpath(SystemFolder());
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, UserFolder());
     QSettings::setPath(QSettings::IniFormat, QSettings::SystemScope, SystemFolder());
+}
+
+void FreshSession(std::unique_ptr<SettingsSandbox> &sandbox, ScriptedPrompt &prompt,
+                  std::unique_ptr<Session> &session)
+{
+    sandbox.reset(new SettingsSandbox);
+    prompt.Clear();
+    session.reset(new Session(prompt));
+    session->AppDirectory = sandbox->path();
 }
 
 void SettingsSandbox::SetGameValue(const QString &company, const QString &product, const QString &version,

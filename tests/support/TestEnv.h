@@ -3,6 +3,8 @@
 #include <QString>
 #include <QTemporaryDir>
 
+#include <memory>
+
 // A private place for the settings of one test: both the per-user preferences and the
 // game's machine-wide key are redirected into a temporary folder.
 class SettingsSandbox
@@ -19,6 +21,14 @@ public:
 private:
     QTemporaryDir dir;
 };
+
+class ScriptedPrompt;
+class Session;
+
+// A fresh test case: a new settings sandbox, the prompt's queue and record cleared, and a new
+// session speaking through it, whose program folder is the sandbox.
+void FreshSession(std::unique_ptr<SettingsSandbox> &sandbox, ScriptedPrompt &prompt,
+                  std::unique_ptr<Session> &session);
 
 namespace TestFiles {
 bool Write(const QString &path, const QByteArray &bytes);

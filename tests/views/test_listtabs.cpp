@@ -58,10 +58,7 @@ class TestListTabs : public QObject
 private slots:
     void init()
     {
-        prompt.Clear();
-        sandbox.reset(new SettingsSandbox);
-        session.reset(new Session(prompt));
-        session->AppDirectory = sandbox->path();
+        FreshSession(sandbox, prompt, session);
         form.reset(new HelixbenchForm(*session));
         form->show();
         QVERIFY(QTest::qWaitForWindowExposed(form.get()));

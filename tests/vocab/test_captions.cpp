@@ -57,9 +57,7 @@ class TestCaptions : public QObject
 private slots:
     void init()
     {
-        sandbox.reset(new SettingsSandbox);
-        prompt.Clear();
-        session.reset(new Session(prompt));
+        FreshSession(sandbox, prompt, session);
         session->AppDirectory = Path("app");
         QDir().mkpath(session->AppDirectory);
         session->Tables.Build();
