@@ -19,7 +19,7 @@
 // samples/Sample.gen, samples/Sample.gno: a Melk genome of one gene of every kind, each with
 //                               a caption, the first with a note.
 #include "core/Gene.h"
-#include "core/AutoPrompt.h"
+#include "base/AutoPrompt.h"
 #include "core/Session.h"
 #include "core/genes/BodyGenes.h"
 #include "core/genes/BrainLobe.h"

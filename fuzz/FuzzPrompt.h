@@ -1,5 +1,5 @@
 #pragma once
-#include "core/AutoPrompt.h"
+#include "base/AutoPrompt.h"
 
 #include <QString>
 

@@ -6,7 +6,7 @@
 #include "core/Session.h"
 #include "vocab/CaptionStore.h"
 #include "vocab/Rtf.h"
-#include "vocab/SingleByteText.h"
+#include "base/SingleByteText.h"
 
 #include <QBuffer>
 #include <cstdint>
@@ -29,8 +29,8 @@ void CaptionFile(const QByteArray &bytes)
     QByteArray input = bytes;
     QBuffer in(&input);
     in.open(QIODevice::ReadOnly);
-    const CaptionStore::Fault fault = cs.Read(in);
-    Check(fault.number == 0 || !fault.description.isEmpty());
+    const FileFault fault = cs.Read(in);
+    Check(!fault.Failed() || !fault.Description.isEmpty());
     Check(cs.CaptionCount >= 0 && cs.CaptionCount <= CaptionStore::InUse);
 
     // What was read writes out as a whole file, which reads back whole and unchanged.
@@ -39,7 +39,7 @@ void CaptionFile(const QByteArray &bytes)
     const qint16 count = cs.CaptionCount;
     QBuffer again(&written);
     again.open(QIODevice::ReadOnly);
-    Check(cs.Read(again).number == 0);
+    Check(!cs.Read(again).Failed());
     Check(cs.CaptionCount == count);
     Check(cs.FileBytes() == written);
     Check(prompt.messages == 0);

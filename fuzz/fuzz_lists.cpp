@@ -9,7 +9,7 @@
 #include "FuzzPrompt.h"
 #include "core/Session.h"
 #include "vocab/NameLists.h"
-#include "vocab/SingleByteText.h"
+#include "base/SingleByteText.h"
 
 #include <QDir>
 #include <QFile>

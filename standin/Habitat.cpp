@@ -1,6 +1,6 @@
 #include "Habitat.h"
 
-#include "core/AutoPrompt.h"
+#include "base/AutoPrompt.h"
 #include "core/Session.h"
 
 #include <QCoreApplication>

@@ -1,4 +1,4 @@
-#include "app/QtPrompt.h"
+#include "widgets/QtPrompt.h"
 #include "core/Session.h"
 #include "editors/EditorRegistry.h"
 #include "views/HelixbenchForm.h"

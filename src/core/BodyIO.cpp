@@ -1,6 +1,6 @@
 #include "core/BodyIO.h"
 
-#include "vocab/SingleByteText.h"
+#include "base/SingleByteText.h"
 
 void BodyIO::Byte(quint8 &value, int lo, int hi)
 {

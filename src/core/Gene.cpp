@@ -1,7 +1,7 @@
 #include "core/Gene.h"
 
 #include "core/Session.h"
-#include "core/Text.h"
+#include "base/Text.h"
 #include "core/genes/BodyGenes.h"
 #include "core/genes/Biochemistry.h"
 #include "core/genes/BrainLobe.h"

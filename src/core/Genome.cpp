@@ -1,9 +1,9 @@
 // The genome's file commands and the two drivers between the image and the gene list.
-#include "core/FileTail.h"
+#include "base/FileTail.h"
 #include "core/Gene.h"
 #include "core/Session.h"
-#include "core/Text.h"
-#include "vocab/SingleByteText.h"
+#include "base/Text.h"
+#include "base/SingleByteText.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -273,23 +273,41 @@ void Session::SaveGenomeAs()
     SaveGenomeFile(name);
 }
 
+Session::ImageWrite Session::WriteImageFile(const QString &path, bool keepTail, QString *errorText)
+{
+    // Written to a temporary file and renamed over the target: a failed save leaves the
+    // old file whole. With keepTail the write never shortens the file: the bytes of a
+    // longer old file behind the image stay.
+    QByteArray bytes(reinterpret_cast<const char *>(GenomeImage.Bytes.data()), ::GenomeImage::Size);
+    if (keepTail)
+        bytes.append(FileTailBeyond(path, bytes.size()));
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly))
+        return ImageWrite::OpenFailed;
+    const bool whole = file.write(bytes) == bytes.size();
+    if (!whole)
+        file.cancelWriting();
+    if (!whole || !file.commit()) {
+        if (errorText)
+            *errorText = file.errorString();
+        return ImageWrite::WriteFailed;
+    }
+    return ImageWrite::Written;
+}
+
 bool Session::SaveGenomeFile(const QString &name)
 {
     EncodeGenome();
-    // Written to a temporary file and renamed over the target: a failed save leaves the
-    // old file whole. The write covers the image and never shortens the file: the bytes of
-    // a longer old file behind it stay.
-    QByteArray bytes(reinterpret_cast<const char *>(GenomeImage.Bytes.data()), ::GenomeImage::Size);
-    bytes.append(FileTailBeyond(name, bytes.size()));
-    QSaveFile file(name);
-    if (!file.open(QIODevice::WriteOnly)) {
+    QString error;
+    switch (WriteImageFile(name, true, &error)) {
+    case ImageWrite::OpenFailed:
         ShowInfo(QStringLiteral("Error opening file:") + CRLF + name);
         return false;
-    }
-    file.write(bytes);
-    if (!file.commit()) {
-        ShowInfo(QStringLiteral("Error writing file:") + CRLF + name + CRLF + file.errorString());
+    case ImageWrite::WriteFailed:
+        ShowInfo(QStringLiteral("Error writing file:") + CRLF + name + CRLF + error);
         return false;
+    case ImageWrite::Written:
+        break;
     }
     if (UseDefaultCaptions != QLatin1String("1")) {
         SetStatusPanel(2, QStringLiteral("(Normal Captions)"));

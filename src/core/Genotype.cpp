@@ -2,7 +2,7 @@
 
 #include "core/Gene.h"
 #include "core/Session.h"
-#include "core/Text.h"
+#include "base/Text.h"
 #include "core/genes/BrainLobe.h"
 
 #include <cstdlib>

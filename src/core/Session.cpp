@@ -1,13 +1,13 @@
 #include "core/Session.h"
 
 #include "core/Gene.h"
-#include "core/Text.h"
+#include "core/genes/BodyGenes.h"
+#include "base/Text.h"
 
-const QString Session::Title = QStringLiteral("Helixbench");
 const QString Session::ErrorMark = QStringLiteral("<<ERROR>>");
 const QString Session::GenomeFilter = QStringLiteral("Verdant DNA (*.gen)");
 
-Session::Session(Prompt &prompt, QObject *parent) : QObject(parent), prompt(prompt)
+Session::Session(Prompt &prompt, QObject *parent) : QObject(parent), UserMessages(prompt)
 {
     StatusPanel[1] = QStringLiteral("No genome loaded");
     StatusPanel[2] = QStringLiteral("No slider data");
@@ -24,21 +24,6 @@ Session::~Session()
             g->View = nullptr;
             g->IsOpen = false;
         }
-}
-
-int Session::ShowMessage(const QString &text, int style, const QString &title)
-{
-    return prompt.Message(title, text, style);
-}
-
-void Session::ShowError(const QString &text) { ShowMessage(text, 16); }
-void Session::ShowWarning(const QString &text) { ShowMessage(text, 48); }
-void Session::ShowInfo(const QString &text) { ShowMessage(text, 64); }
-
-void Session::ShowFault(qint16 number, const QString &description, const QString &context)
-{
-    ShowError(context + Text::LFCR + QStringLiteral("Description: Error ID") + Text::Str(number)
-              + QStringLiteral(" (") + description + QStringLiteral(")"));
 }
 
 void Session::SetStatusPanel(int panel, const QString &text)
@@ -58,3 +43,34 @@ void Session::SetMainTitle(const QString &text)
 void Session::RefreshViews() { emit ViewsRefreshRequested(); }
 
 void Session::RefreshGeneRow(int numericId) { emit GeneRowChanged(numericId); }
+
+// Start-up of the vocabularies. The order matters: the template's presets stand before its
+// file is read, and the list views are filled before the rest of the tables exist.
+void Session::BuildReferenceTables()
+{
+    Tables.BuildKindTables();
+
+    Template.SetPresets();
+
+    Lists.LoadChemicalList();
+    Lists.LoadPoseList();
+    Lists.LoadScriptList();
+    Template.LoadDefaultTemplate();
+
+    emit ListViewsMustFill();
+
+    LayEggOffset = 0;
+    emit ExportViewsMustFill();
+
+    Tables.BuildGeneTables();
+}
+
+int Session::HeadGenus() const
+{
+    const Gene *first = GeneAt(0);
+    if (const auto *species = dynamic_cast<const clsSpecies *>(first))
+        return species->Genus;
+    if (const auto *appearance = dynamic_cast<const clsAppearance *>(first))
+        return appearance->Genus;
+    return -1;
+}

@@ -1,7 +1,7 @@
 #pragma once
+#include "base/Messages.h"
 #include "core/GeneView.h"
 #include "core/GenomeImage.h"
-#include "core/Prompt.h"
 #include "vocab/CaptionStore.h"
 #include "vocab/MutationTemplate.h"
 #include "vocab/NameLists.h"
@@ -17,20 +17,17 @@ class Gene;
 // Everything that exists once per run: the genome in both its forms, the vocabularies,
 // the preferences and the shared flags. The windows hear of changes through its signals;
 // it speaks to the user only through its Prompt.
-class Session : public QObject
+class Session : public QObject, public UserMessages
 {
     Q_OBJECT
 public:
     static constexpr int MaxGenes = 900;
     static constexpr int GeneSlots = 901;
-    static const QString Title;            // "Helixbench"
     static const QString ErrorMark;        // "<<ERROR>>"
     static const QString GenomeFilter;     // "Verdant DNA (*.gen)"
 
     explicit Session(Prompt &prompt, QObject *parent = nullptr);
     ~Session() override;
-
-    Prompt &prompt;
 
     // The gene objects in file order; slot i holds the gene whose Numeric_ID is i.
     std::array<std::unique_ptr<Gene>, GeneSlots> GeneList;
@@ -49,7 +46,6 @@ public:
 
     // Shared flags.
     bool QuitConfirm = false;
-    bool ChemicalsChanged = false, PosesChanged = false, ScriptsChanged = false;
     qint16 EditorCount = 0;
     bool SummaryStale = false, OrganViewStale = false;
     qint16 PlacementStep = 999;
@@ -64,13 +60,6 @@ public:
     // What the status bar panels (1..3) and the main title show.
     QString StatusPanel[4];
     QString MainTitle;
-
-    // --- messages ---------------------------------------------------------------------
-    int ShowMessage(const QString &text, int style, const QString &title = Title);
-    void ShowError(const QString &text);
-    void ShowWarning(const QString &text);
-    void ShowInfo(const QString &text);
-    void ShowFault(qint16 number, const QString &description, const QString &context);
 
     // --- status and title -------------------------------------------------------------
     void SetStatusPanel(int panel, const QString &text);
@@ -87,6 +76,10 @@ public:
     void SaveGenomeAs();
     // Encodes and writes the genome to fileName, then its captions and the lists.
     bool SaveGenomeFile(const QString &fileName);
+    // Writes the image as it stands to path, aside and renamed into place, without messages.
+    // keepTail keeps the bytes of a longer old file behind the image.
+    enum class ImageWrite { Written, OpenFailed, WriteFailed };
+    ImageWrite WriteImageFile(const QString &path, bool keepTail, QString *errorText = nullptr);
     void NewGenome();
     void ShowGenomeName(const QString &text);
     void ShowGenomeSpace(bool reencode);
@@ -113,13 +106,16 @@ public:
 
     // --- vocabularies ---------------------------------------------------------------------
     void BuildReferenceTables();
+    // The Genus of the genome's first gene (a genus or appearance gene), else -1.
+    int HeadGenus() const;
 
     // Owned vocabularies (declared last: their type names are the member names).
     ::GenomeImage GenomeImage;
-    ::CaptionStore CaptionStore{*this};
-    ::NameLists Lists{*this};
     ::ReferenceTables Tables;
-    ::MutationTemplate Template{*this};
+    ::CaptionStore CaptionStore{*this, AppDirectory, Tables.SpeciesNames, [this] { return HeadGenus(); },
+                                [this](const QString &note) { SetStatusPanel(2, note); }};
+    ::NameLists Lists{*this, AppDirectory};
+    ::MutationTemplate Template{*this, AppDirectory};
 
 signals:
     void ViewsRefreshRequested();

@@ -1,7 +1,7 @@
 // The workbench's preferences (per-user store) and the game's own values (read-only,
 // machine-wide), both through QSettings in INI format.
 #include "core/Session.h"
-#include "core/Text.h"
+#include "base/Text.h"
 
 #include <QFile>
 #include <QSettings>

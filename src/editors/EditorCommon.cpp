@@ -1,9 +1,9 @@
 #include "editors/EditorCommon.h"
 
-#include "app/Placement.h"
+#include "widgets/Placement.h"
 #include "core/Gene.h"
 #include "core/Session.h"
-#include "core/Text.h"
+#include "base/Text.h"
 
 #include <QLineEdit>
 #include <QSignalBlocker>

@@ -1,12 +1,12 @@
 #include "editors/GeneEditor.h"
 
-#include "app/Placement.h"
+#include "widgets/Placement.h"
 #include "core/Gene.h"
 #include "core/GeneCommands.h"
 #include "core/Session.h"
-#include "core/Text.h"
+#include "base/Text.h"
 #include "editors/GeneHeaderPanel.h"
-#include "views/GeneNotesForm.h"
+#include "editors/GeneNotesForm.h"
 
 #include <QCheckBox>
 #include <QCloseEvent>

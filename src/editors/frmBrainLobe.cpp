@@ -1,8 +1,8 @@
 #include "editors/frmBrainLobe.h"
 
-#include "app/Placement.h"
+#include "widgets/Placement.h"
 #include "core/Session.h"
-#include "core/Text.h"
+#include "base/Text.h"
 #include "core/genes/BrainLobe.h"
 #include "editors/EditorCommon.h"
 #include "editors/GeneHeaderPanel.h"

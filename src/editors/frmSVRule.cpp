@@ -1,6 +1,6 @@
 #include "editors/frmSVRule.h"
 
-#include "app/Placement.h"
+#include "widgets/Placement.h"
 #include "core/Session.h"
 #include "editors/GeneEditor.h"
 

@@ -1,12 +1,12 @@
 // The Export tab's layout and its two egg commands: Lay Egg and Remove Selected Melk.
 #include "link/ExportTab.h"
 
-#include "app/Placement.h"
+#include "widgets/Placement.h"
 #include "core/Session.h"
-#include "core/Text.h"
+#include "base/Text.h"
 #include "link/MacroLink.h"
-#include "vocab/FileNames.h"
-#include "views/HelixbenchForm.h"
+#include "base/FileNames.h"
+#include "base/FileFault.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -22,7 +22,6 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
-#include <QSaveFile>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -40,7 +39,7 @@ template <typename W> W *Named(W *widget, const char *name)
 }
 } // namespace
 
-ExportTab::ExportTab(Session &s, HelixbenchForm &w) : session(s), mainWindow(w)
+ExportTab::ExportTab(Session &s) : session(s)
 {
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(BuildInterfaceControl());
@@ -219,8 +218,8 @@ void ExportTab::LayEgg()
     const QString wisp = GeneticsDirectory + QStringLiteral("wisp.gen");
     const QString leftover = ResolveFileName(GeneticsDirectory, QStringLiteral("wisp.gen"));
     if (QFileInfo::exists(leftover) && !QFile::remove(leftover)) {
-        session.ShowFault(75, QStringLiteral("Path/File access error: ") + leftover,
-                          QStringLiteral("Error identifying location of Arkenfold on this computer"));
+        const FileFault fault = FileFault::AtPath(FileFault::AccessError, leftover);
+        session.ShowFault(fault.Number, fault.Description, QStringLiteral("Error identifying location of Arkenfold on this computer"));
         return;
     }
 
@@ -229,16 +228,14 @@ void ExportTab::LayEgg()
     {
         const QString context = QStringLiteral("Error saving temporary genome 'wisp.gen'");
         if (!QFileInfo(GeneticsDirectory).isDir()) {
-            session.ShowFault(76, QStringLiteral("Path not found: ") + GeneticsDirectory, context);
+            const FileFault fault = FileFault::AtPath(FileFault::PathNotFound, GeneticsDirectory);
+            session.ShowFault(fault.Number, fault.Description, context);
             return;
         }
         // Written aside and renamed into place: the game never finds half a genome.
-        QSaveFile file(wisp);
-        if (!file.open(QIODevice::WriteOnly)
-            || file.write(reinterpret_cast<const char *>(session.GenomeImage.Bytes.data()), ::GenomeImage::Size)
-                   != ::GenomeImage::Size
-            || !file.commit()) {
-            session.ShowFault(75, QStringLiteral("Path/File access error: ") + wisp, context);
+        if (session.WriteImageFile(wisp, false) != Session::ImageWrite::Written) {
+            const FileFault fault = FileFault::AtPath(FileFault::AccessError, wisp);
+            session.ShowFault(fault.Number, fault.Description, context);
             return;
         }
     }

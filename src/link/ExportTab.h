@@ -3,7 +3,6 @@
 #include <memory>
 
 class Session;
-class HelixbenchForm;
 class MacroLink;
 class QAction;
 class QCheckBox;
@@ -25,7 +24,7 @@ public:
     static constexpr int FewestGenes = 20; // the smallest genome that may be laid
     static const QString EmptySlot;        // "<empty>"
 
-    ExportTab(Session &session, HelixbenchForm &mainWindow);
+    explicit ExportTab(Session &session);
     ~ExportTab() override;
 
     // "Interface Control"
@@ -85,6 +84,5 @@ private:
     int SelectedScriptSlot(const QString &purpose);
 
     Session &session;
-    HelixbenchForm &mainWindow;
     std::unique_ptr<MacroLink> link;
 };

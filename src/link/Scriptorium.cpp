@@ -59,7 +59,7 @@ void ExportTab::AddAutoScript()
     lists.ScriptMacros[size_t(slot)] = macro;
     RefreshScriptList();
     ShowScriptCount();
-    session.ScriptsChanged = true;
+    session.Lists.ScriptsChanged = true;
 }
 
 int ExportTab::SelectedScriptSlot(const QString &purpose)
@@ -89,7 +89,7 @@ void ExportTab::RemoveAutoScript()
     lists.ScriptResults[size_t(slot)].clear();
     RefreshScriptList();
     ShowScriptCount();
-    session.ScriptsChanged = true;
+    session.Lists.ScriptsChanged = true;
 }
 
 void ExportTab::RunSelectedAutoScript()

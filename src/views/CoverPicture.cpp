@@ -1,6 +1,6 @@
 #include "views/CoverPicture.h"
 
-#include "app/Placement.h"
+#include "widgets/Placement.h"
 
 #include <QPainter>
 #include <QPainterPath>

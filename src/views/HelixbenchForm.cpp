@@ -1,6 +1,6 @@
 #include "views/HelixbenchForm.h"
 
-#include "app/Placement.h"
+#include "widgets/Placement.h"
 #include "core/Gene.h"
 #include "core/Session.h"
 #include "link/ExportTab.h"
@@ -68,7 +68,7 @@ void HelixbenchForm::BuildTabs()
     SSTab1->addTab(organViewTab, QStringLiteral("Organ View"));
     SSTab1->addTab(chemicalTab = new ChemicalTab(session), QStringLiteral("Biochemistry"));
     SSTab1->addTab(poseTab = new PoseTab(session), QStringLiteral("Poses"));
-    SSTab1->addTab(exportTab = new ExportTab(session, *this), QStringLiteral("Export"));
+    SSTab1->addTab(exportTab = new ExportTab(session), QStringLiteral("Export"));
     // Each tab's frames stand 240 twips in from its edges.
     const int margin = Placement::TwipsToPixels(240, this);
     for (int i = 0; i < SSTab1->count(); ++i)
@@ -179,7 +179,7 @@ void HelixbenchForm::Startup(const QString &appDirectory)
     session.BuildReferenceTables();
     session.WelcomeFirstRun();
     session.PlacementStep = 999;
-    session.ChemicalsChanged = session.PosesChanged = session.ScriptsChanged = false;
+    session.Lists.ChemicalsChanged = session.Lists.PosesChanged = session.Lists.ScriptsChanged = false;
     session.HelpFile = session.AppDirectory + (session.AppDirectory.endsWith(QLatin1Char('/')) ? QString() : QStringLiteral("/"))
                        + QStringLiteral("Helixbench.hlp");
     session.LoadSettings();
@@ -208,9 +208,9 @@ bool HelixbenchForm::ConfirmQuit()
     if (session.ShowMessage(QStringLiteral("Are you sure you wish to quit?"), 35) != Prompt::Yes)
         return false;
     const struct { bool changed; const char *question; bool (NameLists::*save)(); } lists[] = {
-        {session.ChemicalsChanged, "The Chemical list has changed. Save changes?", &NameLists::SaveChemicalList},
-        {session.PosesChanged, "The Pose list has changed. Save changes?", &NameLists::SavePoseList},
-        {session.ScriptsChanged, "The macro script list has changed. Save changes?", &NameLists::SaveScriptList},
+        {session.Lists.ChemicalsChanged, "The Chemical list has changed. Save changes?", &NameLists::SaveChemicalList},
+        {session.Lists.PosesChanged, "The Pose list has changed. Save changes?", &NameLists::SavePoseList},
+        {session.Lists.ScriptsChanged, "The macro script list has changed. Save changes?", &NameLists::SaveScriptList},
     };
     for (const auto &l : lists) {
         if (!l.changed)

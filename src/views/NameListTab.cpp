@@ -101,7 +101,7 @@ QString NameListTab::CaptionText(int slot) const
     return kind == 1 ? lists.ChemicalCaptions[size_t(slot)] : lists.PoseCaptions[size_t(slot)];
 }
 
-bool NameListTab::ListChanged() const { return kind == 1 ? session.ChemicalsChanged : session.PosesChanged; }
+bool NameListTab::ListChanged() const { return kind == 1 ? session.Lists.ChemicalsChanged : session.Lists.PosesChanged; }
 
 QPushButton *NameListTab::AddButton(const char *name, const QString &caption, const std::function<void()> &command)
 {

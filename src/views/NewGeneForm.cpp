@@ -1,6 +1,6 @@
 #include "views/NewGeneForm.h"
 
-#include "app/Placement.h"
+#include "widgets/Placement.h"
 #include "core/GeneCommands.h"
 #include "core/Session.h"
 

@@ -1,9 +1,9 @@
 #include "views/OrganViewTab.h"
 
-#include "app/Placement.h"
+#include "widgets/Placement.h"
 #include "core/Gene.h"
 #include "core/Session.h"
-#include "core/Text.h"
+#include "base/Text.h"
 #include "views/HelixbenchForm.h"
 
 #include <QGroupBox>

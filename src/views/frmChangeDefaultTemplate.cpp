@@ -1,8 +1,8 @@
 #include "views/frmChangeDefaultTemplate.h"
 
-#include "app/Placement.h"
+#include "widgets/Placement.h"
 #include "core/Session.h"
-#include "core/Text.h"
+#include "base/Text.h"
 #include "vocab/NameLists.h"
 
 #include <QGroupBox>

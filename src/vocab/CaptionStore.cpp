@@ -1,11 +1,8 @@
 #include "vocab/CaptionStore.h"
 
-#include "core/FileTail.h"
-#include "core/Gene.h"
-#include "core/Session.h"
-#include "core/genes/BodyGenes.h"
-#include "vocab/FileNames.h"
-#include "vocab/SingleByteText.h"
+#include "base/FileNames.h"
+#include "base/FileTail.h"
+#include "base/SingleByteText.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -16,39 +13,14 @@ namespace {
 const QString NoCaption = QStringLiteral("<no caption>");
 const QString NoAnnotation = QStringLiteral("<no annotation>");
 
-// Fault numbers and descriptions as the user sees them in a fault message.
-const CaptionStore::Fault PastEnd{62, QStringLiteral("Input past end of file")};
-const CaptionStore::Fault DeviceError{57, QStringLiteral("Device I/O error")};
-const CaptionStore::Fault WrongTag{13, QStringLiteral("Type mismatch")};
-const CaptionStore::Fault NotFound{53, QStringLiteral("File not found")};
-const CaptionStore::Fault AccessError{75, QStringLiteral("Path/File access error")};
-const CaptionStore::Fault Denied{70, QStringLiteral("Permission denied")};
-const CaptionStore::Fault DiskFull{61, QStringLiteral("Disk full")};
-const CaptionStore::Fault BadName{52, QStringLiteral("Bad file name or number")};
-
-CaptionStore::Fault FaultOf(QFileDevice::FileError error)
-{
-    switch (error) {
-    case QFileDevice::PermissionsError:
-        return Denied;
-    case QFileDevice::ResourceError:
-        return DiskFull;
-    case QFileDevice::ReadError:
-    case QFileDevice::WriteError:
-        return DeviceError;
-    default:
-        return AccessError;
-    }
-}
-
 // Little-endian fields from a device. The first short or failed read sets the fault, and
 // every later read then fails too.
 class FieldReader
 {
 public:
     explicit FieldReader(QIODevice &in) : in(in) {}
-    CaptionStore::Fault fault;
-    bool Ok() const { return fault.number == 0; }
+    FileFault fault;
+    bool Ok() const { return !fault.Failed(); }
 
     quint16 U16()
     {
@@ -78,7 +50,7 @@ private:
         while (got < count) {
             const qint64 n = in.read(to + got, count - got);
             if (n < 0) {
-                fault = DeviceError;
+                fault = FileFault::Numbered(FileFault::DeviceError);
                 return false;
             }
             if (n == 0)
@@ -86,7 +58,7 @@ private:
             got += n;
         }
         if (got != count) {
-            fault = PastEnd;
+            fault = FileFault::Numbered(FileFault::PastEndOfFile);
             return false;
         }
         return true;
@@ -112,7 +84,12 @@ void PutText(QByteArray &out, const QString &text)
 
 } // namespace
 
-CaptionStore::CaptionStore(Session &session) : session(session), table(Records) {}
+CaptionStore::CaptionStore(UserMessages &messages, const QString &appDirectory, const QStringList &speciesNames,
+                           std::function<int()> headGenus, std::function<void(const QString &)> showNote)
+    : messages(messages), appDirectory(appDirectory), speciesNames(speciesNames), headGenus(std::move(headGenus)),
+      showNote(std::move(showNote)), table(Records)
+{
+}
 
 int CaptionStore::Find(int type, int subType, int id) const
 {
@@ -151,7 +128,7 @@ void CaptionStore::Store(int type, int subType, int id, const QString &text, boo
 {
     // A full store refuses even a change to a record it has: the test comes first.
     if (CaptionCount >= InUse) {
-        session.ShowError(annotation ? QStringLiteral("SetAnnotation(): No more room in the caption system")
+        messages.ShowError(annotation ? QStringLiteral("SetAnnotation(): No more room in the caption system")
                                      : QStringLiteral("SetCaption(): No more room in the caption system"));
         return;
     }
@@ -173,16 +150,10 @@ void CaptionStore::Store(int type, int subType, int id, const QString &text, boo
 
 QString CaptionStore::DefaultCaptionFileName() const
 {
-    const Gene *first = session.GeneAt(0);
-    int genus = -1;
-    if (const auto *species = dynamic_cast<const clsSpecies *>(first))
-        genus = species->Genus;
-    else if (const auto *appearance = dynamic_cast<const clsAppearance *>(first))
-        genus = appearance->Genus;
-    const QStringList &names = session.Tables.SpeciesNames;
-    if (genus < 0 || genus >= names.size())
+    const int genus = headGenus ? headGenus() : -1;
+    if (genus < 0 || genus >= speciesNames.size())
         return QString();
-    return names[genus] + QStringLiteral(".GNO");
+    return speciesNames[genus] + QStringLiteral(".GNO");
 }
 
 QString CaptionStore::UniqueCaptionFileName(const QString &genomeFile)
@@ -196,12 +167,12 @@ QString CaptionStore::UniqueCaptionFileName(const QString &genomeFile)
 QString CaptionStore::DefaultCaptionPath(const QString &name) const
 {
     // Default files live in the program's folder; a name in another case is the same file.
-    return FileNames::ResolveFileName(session.AppDirectory, name);
+    return FileNames::ResolveFileName(appDirectory, name);
 }
 
 // --- reading ------------------------------------------------------------------------------
 
-CaptionStore::Fault CaptionStore::Read(QIODevice &in)
+FileFault CaptionStore::Read(QIODevice &in)
 {
     FieldReader r(in);
     const quint16 tag = r.U16();
@@ -216,7 +187,7 @@ CaptionStore::Fault CaptionStore::Read(QIODevice &in)
         rec = CaptionRecord();
     CaptionCount = 0;
     if (tag != FileTag)
-        return WrongTag;
+        return FileFault::Numbered(FileFault::TypeMismatch);
     const qint16 wanted = qint16(qBound(0, int(count), int(InUse)));
 
     for (int i = 0; i < Records; ++i) {
@@ -239,22 +210,22 @@ CaptionStore::Fault CaptionStore::Read(QIODevice &in)
         table[i] = rec;
     }
     CaptionCount = wanted;
-    return Fault();
+    return FileFault();
 }
 
 void CaptionStore::ReadCaptionFile(const QString &path, const QString &shownName)
 {
-    Fault fault;
+    FileFault fault;
     QFile file(path);
     if (!QFileInfo::exists(path))
-        fault = NotFound;
+        fault = FileFault::Numbered(FileFault::FileNotFound);
     else if (!file.open(QIODevice::ReadOnly))
-        fault = FaultOf(file.error());
+        fault = FileFault::OfError(file.error());
     else
         fault = Read(file);
-    if (fault.number != 0)
-        session.ShowFault(fault.number, fault.description,
-                          QStringLiteral("Error reading caption file '") + shownName + QStringLiteral("'"));
+    if (fault.Failed())
+        messages.ShowFault(fault.Number, fault.Description,
+                           QStringLiteral("Error reading caption file '") + shownName + QStringLiteral("'"));
 }
 
 void CaptionStore::LoadDefaultCaptions()
@@ -274,13 +245,14 @@ void CaptionStore::LoadUniqueCaptions(const QString &genomeFile)
     const QString unique = UniqueCaptionFileName(genomeFile);
     if (unique.isEmpty()) {
         CaptionCount = 0;
-        session.ShowError(QStringLiteral("Can't load unique caption file: bad genome filename"));
+        messages.ShowError(QStringLiteral("Can't load unique caption file: bad genome filename"));
         return;
     }
     const QString path = FileNames::ResolveFilePath(unique);
     if (!QFileInfo::exists(path)) {
         const QString name = DefaultCaptionFileName();
-        session.SetStatusPanel(2, QStringLiteral("(No unique: Using default '") + name + QStringLiteral("')"));
+        if (showNote)
+            showNote(QStringLiteral("(No unique: Using default '") + name + QStringLiteral("')"));
         LoadDefaultCaptions();
         return;
     }
@@ -315,25 +287,26 @@ void CaptionStore::WriteCaptionFile(const QString &path, const QString &shownNam
     // temporary file first, so that a failure leaves the old file whole.
     bytes.append(FileTailBeyond(path, bytes.size()));
 
-    Fault fault;
+    FileFault fault;
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly)) {
-        fault = FaultOf(file.error());
+        fault = FileFault::OfError(file.error());
     } else if (file.write(bytes) != bytes.size()) {
-        fault = FaultOf(file.error());
+        fault = FileFault::OfError(file.error());
         file.cancelWriting();
     } else if (!file.commit()) {
-        fault = FaultOf(file.error());
+        fault = FileFault::OfError(file.error());
     }
-    if (fault.number != 0)
-        session.ShowFault(fault.number, fault.description, QStringLiteral("Error saving caption file ") + shownName);
+    if (fault.Failed())
+        messages.ShowFault(fault.Number, fault.Description, QStringLiteral("Error saving caption file ") + shownName);
 }
 
 void CaptionStore::SaveDefaultCaptions()
 {
     const QString name = DefaultCaptionFileName();
     if (name.isEmpty()) {
-        session.ShowFault(BadName.number, BadName.description, QStringLiteral("Error saving caption file ") + name);
+        const FileFault badName = FileFault::Numbered(FileFault::BadFileName);
+        messages.ShowFault(badName.Number, badName.Description, QStringLiteral("Error saving caption file ") + name);
         return;
     }
     WriteCaptionFile(DefaultCaptionPath(name), name);
@@ -343,7 +316,7 @@ void CaptionStore::SaveUniqueCaptions(const QString &genomeFile)
 {
     const QString unique = UniqueCaptionFileName(genomeFile);
     if (unique.isEmpty()) {
-        session.ShowError(QStringLiteral("Can't save unique caption file: bad genome filename"));
+        messages.ShowError(QStringLiteral("Can't save unique caption file: bad genome filename"));
         return;
     }
     WriteCaptionFile(FileNames::ResolveFilePath(unique), unique);

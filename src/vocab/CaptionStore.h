@@ -1,10 +1,14 @@
 #pragma once
+#include "base/FileFault.h"
+#include "base/Messages.h"
+
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 #include <QVector>
+#include <functional>
 
 class QIODevice;
-class Session;
 
 // Captions and annotations of genes, keyed by (GeneType, GeneSubType, ID), and the caption
 // files that carry them: the unique file beside a genome (.gno) and the default file of a
@@ -29,7 +33,12 @@ public:
         QString Annotation;
     };
 
-    explicit CaptionStore(Session &session);
+    // The store reports through messages and finds default files in appDirectory.
+    // headGenus gives the Genus of the genome's first gene, or -1 when it has none; it names
+    // the species' default file in speciesNames. showNote tells the user, on the status bar,
+    // that the default file stands in for a missing unique one.
+    CaptionStore(UserMessages &messages, const QString &appDirectory, const QStringList &speciesNames,
+                 std::function<int()> headGenus, std::function<void(const QString &)> showNote);
 
     // Leading records of the table in use. Setting it to 0 empties the store and leaves the
     // table as it stands.
@@ -61,20 +70,18 @@ public:
     // The file image of the whole table: tag, count, 1801 records.
     QByteArray FileBytes() const;
 
-    // What went wrong while reading a caption file: the number and description that
-    // ShowFault reports. Number 0 means the file was read whole.
-    struct Fault
-    {
-        qint16 number = 0;
-        QString description;
-    };
     // Reads a caption file's content into the table, without messages. The store keeps
     // what was read before a fault: records that came in whole are in the table, and
     // CaptionCount counts no record that did not.
-    Fault Read(QIODevice &in);
+    // Gives the fault (number 0: the file was read whole) that ShowFault reports.
+    FileFault Read(QIODevice &in);
 
 private:
-    Session &session;
+    UserMessages &messages;
+    const QString &appDirectory;
+    const QStringList &speciesNames;
+    std::function<int()> headGenus;
+    std::function<void(const QString &)> showNote;
     QVector<CaptionRecord> table;
 
     int Find(int type, int subType, int id) const;

@@ -1,9 +1,8 @@
 #include "vocab/MutationTemplate.h"
 
-#include "core/Session.h"
-#include "core/Text.h"
-#include "vocab/FileNames.h"
-#include "vocab/NameLists.h"
+#include "base/FileFault.h"
+#include "base/FileNames.h"
+#include "base/Text.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -13,7 +12,8 @@ const QString TemplateFile = QStringLiteral("mutations.txt");
 constexpr int FileBytes = MutationTemplate::Rows * 4;
 }
 
-MutationTemplate::MutationTemplate(Session &s) : session(s)
+MutationTemplate::MutationTemplate(UserMessages &messages, const QString &appDirectory)
+    : messages(messages), appDirectory(appDirectory)
 {
     SetPresets();
 }
@@ -51,7 +51,7 @@ int MutationTemplate::Decode(const QByteArray &bytes)
 
 QString MutationTemplate::FilePath() const
 {
-    QString folder = session.AppDirectory;
+    QString folder = appDirectory;
     if (folder.isEmpty())
         folder = QDir::currentPath();
     return ResolveFileName(folder, TemplateFile);
@@ -59,7 +59,7 @@ QString MutationTemplate::FilePath() const
 
 bool MutationTemplate::EnterAppDirectory() const
 {
-    return session.AppDirectory.isEmpty() || QDir::setCurrent(session.AppDirectory);
+    return appDirectory.isEmpty() || QDir::setCurrent(appDirectory);
 }
 
 void MutationTemplate::LoadDefaultTemplate()
@@ -71,13 +71,13 @@ void MutationTemplate::LoadDefaultTemplate()
             QByteArray bytes;
             FileFault fault;
             // A file that can't be read, or ends before its last number, keeps what was read.
-            failed = !VocabFiles::ReadFront(path, FileBytes, bytes, fault) || Decode(bytes) < Rows;
+            failed = !SmallFiles::ReadFront(path, FileBytes, bytes, fault) || Decode(bytes) < Rows;
         } else {
             SaveDefaultTemplate(); // reports its own failure
         }
     }
     if (failed) {
-        session.ShowError(
+        messages.ShowError(
             QStringLiteral("An error occurred loading an internal file. I shall now attempt to correct this."));
         SaveDefaultTemplate();
     }
@@ -87,11 +87,11 @@ bool MutationTemplate::SaveDefaultTemplate()
 {
     FileFault fault;
     if (!EnterAppDirectory()) {
-        fault = {76, QStringLiteral("Path not found: ") + session.AppDirectory};
-    } else if (VocabFiles::WriteOverFront(FilePath(), Encode(), fault)) {
+        fault = FileFault::AtPath(FileFault::PathNotFound, appDirectory);
+    } else if (SmallFiles::WriteOverFront(FilePath(), Encode(), fault)) {
         return true;
     }
-    session.ShowFault(fault.Number, fault.Description,
+    messages.ShowFault(fault.Number, fault.Description,
                       QStringLiteral("An error occured saving the default mutation values.") + Text::CRLF
                           + QStringLiteral("It is recommended you quit and restart the Helixbench."));
     return false;

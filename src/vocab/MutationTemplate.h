@@ -1,10 +1,11 @@
 #pragma once
+#include "base/Messages.h"
+
 #include <QByteArray>
 #include <QString>
 #include <QtGlobal>
 #include <array>
 
-class Session;
 
 // How many genes of each category a standard genome has. Rows 0 to 13 follow the rows of
 // the genotype categories; rows 14 to 40 mean nothing, are 0 and travel through the file.
@@ -15,7 +16,8 @@ class MutationTemplate
 public:
     static constexpr int Rows = 41;
     static constexpr int PresetRows = 14;
-    explicit MutationTemplate(Session &session);
+    // The template reports through messages; mutations.txt lies in appDirectory.
+    MutationTemplate(UserMessages &messages, const QString &appDirectory);
 
     std::array<qint32, Rows> DefaultGeneCounts{};
 
@@ -37,5 +39,6 @@ private:
     QString FilePath() const;
     bool EnterAppDirectory() const;
 
-    Session &session;
+    UserMessages &messages;
+    const QString &appDirectory;
 };

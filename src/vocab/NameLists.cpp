@@ -1,9 +1,8 @@
 #include "vocab/NameLists.h"
 
-#include "core/Session.h"
-#include "core/Text.h"
-#include "vocab/FileNames.h"
-#include "vocab/SingleByteText.h"
+#include "base/Text.h"
+#include "base/FileNames.h"
+#include "base/SingleByteText.h"
 
 #include <QDir>
 #include <QFile>
@@ -21,118 +20,6 @@ constexpr int MaxEntryBytes = 0xFFFF;
 
 QString Quoted(const QString &text) { return QLatin1Char('\'') + text + QLatin1Char('\''); }
 }
-
-// --- faults ------------------------------------------------------------------------------
-
-FileFault FileFault::Of(const QFileDevice &file, const QString &path)
-{
-    const QFileInfo info(path);
-    switch (file.error()) {
-    case QFileDevice::OpenError:
-        if (!info.exists())
-            return {qint16(info.dir().exists() ? 53 : 76),
-                    (info.dir().exists() ? QStringLiteral("File not found: ") : QStringLiteral("Path not found: "))
-                        + path};
-        if (info.isDir())
-            return {75, QStringLiteral("Path/File access error: ") + path};
-        if (!info.isReadable() || !info.isWritable())
-            return {70, QStringLiteral("Permission denied: ") + path};
-        return {75, QStringLiteral("Path/File access error: ") + path};
-    case QFileDevice::PermissionsError:
-        return {70, QStringLiteral("Permission denied: ") + path};
-    case QFileDevice::ResourceError:
-        return {61, QStringLiteral("Disk full: ") + path};
-    case QFileDevice::ReadError:
-    case QFileDevice::WriteError:
-    case QFileDevice::FatalError:
-        return {57, QStringLiteral("Device I/O error: ") + path};
-    default:
-        return {75, QStringLiteral("Path/File access error: ") + path};
-    }
-}
-
-FileFault FileFault::PastEnd(const QString &path)
-{
-    return {62, QStringLiteral("Input past end of file: ") + path};
-}
-
-// --- whole-file work -----------------------------------------------------------------------
-
-namespace VocabFiles {
-
-bool ReadFront(const QString &path, qint64 maxBytes, QByteArray &bytes, FileFault &fault)
-{
-    if (QFileInfo(path).isDir()) {
-        fault = {75, QStringLiteral("Path/File access error: ") + path};
-        return false;
-    }
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        fault = FileFault::Of(file, path);
-        return false;
-    }
-    // Read in pieces: a single read of the limit would reserve all of it (some 34 MB for a
-    // chemical list) whatever the file's size.
-    bytes.clear();
-    while (bytes.size() < maxBytes) {
-        const QByteArray piece = file.read(qMin<qint64>(64 * 1024, maxBytes - bytes.size()));
-        if (piece.isEmpty())
-            break;
-        bytes += piece;
-    }
-    if (file.error() != QFileDevice::NoError) {
-        fault = FileFault::Of(file, path);
-        return false;
-    }
-    return true;
-}
-
-bool WriteOverFront(const QString &path, const QByteArray &content, FileFault &fault)
-{
-    const QFileInfo info(path);
-    if (info.isDir()) {
-        fault = {75, QStringLiteral("Path/File access error: ") + path};
-        return false;
-    }
-    // The old file is opened first: its bytes behind the new content go into the new file.
-    QFile old(path);
-    const bool keepTail = info.exists();
-    if (keepTail && !old.open(QIODevice::ReadOnly)) {
-        fault = FileFault::Of(old, path);
-        return false;
-    }
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) {
-        fault = FileFault::Of(file, path);
-        return false;
-    }
-    bool ok = file.write(content) == content.size();
-    if (ok && keepTail && old.size() > content.size() && old.seek(content.size())) {
-        while (ok && !old.atEnd()) {
-            const QByteArray chunk = old.read(64 * 1024);
-            if (old.error() != QFileDevice::NoError) {
-                fault = FileFault::Of(old, path);
-                file.cancelWriting();
-                return false;
-            }
-            if (chunk.isEmpty())
-                break;
-            ok = file.write(chunk) == chunk.size();
-        }
-    }
-    if (!ok) {
-        fault = FileFault::Of(file, path);
-        file.cancelWriting();
-        return false;
-    }
-    if (!file.commit()) {
-        fault = FileFault::Of(file, path);
-        return false;
-    }
-    return true;
-}
-
-} // namespace VocabFiles
 
 // --- list files ----------------------------------------------------------------------------
 
@@ -172,7 +59,7 @@ int NameLists::DecodeListFile(const QByteArray &bytes, QString *first, QString *
 
 QString NameLists::ListFilePath(const QString &name) const
 {
-    QString folder = session.AppDirectory;
+    QString folder = appDirectory;
     if (folder.isEmpty())
         folder = QDir::currentPath();
     else
@@ -187,13 +74,13 @@ bool NameLists::ReadListFile(const QString &path, QString *first, QString *secon
     FileFault fault;
     // No list can be longer than this: everything behind it is ignored anyway.
     const qint64 longest = qint64(2) * entries * (2 + MaxEntryBytes);
-    if (!VocabFiles::ReadFront(path, longest, bytes, fault)) {
-        session.ShowFault(fault.Number, fault.Description, faultContext);
+    if (!SmallFiles::ReadFront(path, longest, bytes, fault)) {
+        messages.ShowFault(fault.Number, fault.Description, faultContext);
         return false;
     }
     if (DecodeListFile(bytes, first, second, entries) < 2 * entries) {
-        fault = FileFault::PastEnd(path);
-        session.ShowFault(fault.Number, fault.Description, faultContext);
+        fault = FileFault::AtPath(FileFault::PastEndOfFile, path);
+        messages.ShowFault(fault.Number, fault.Description, faultContext);
         return false;
     }
     return true;
@@ -208,8 +95,8 @@ bool NameLists::WriteListFile(const QString &readSpelling, const QString &writeS
     if (!QFileInfo::exists(path))
         path = ListFilePath(writeSpelling);
     FileFault fault;
-    if (!VocabFiles::WriteOverFront(path, EncodeListFile(first, second, entries), fault)) {
-        session.ShowFault(fault.Number, fault.Description, faultContext);
+    if (!SmallFiles::WriteOverFront(path, EncodeListFile(first, second, entries), fault)) {
+        messages.ShowFault(fault.Number, fault.Description, faultContext);
         return false;
     }
     return true;
@@ -241,7 +128,7 @@ void NameLists::LoadChemicalList()
     SetChemicalDefaults();
     const QString path = ListFilePath(ChemicalsRead);
     if (!QFileInfo::exists(path)) {
-        session.ShowWarning(QStringLiteral("Could not find 'chemicals.txt', using numeric substitutes."));
+        messages.ShowWarning(QStringLiteral("Could not find 'chemicals.txt', using numeric substitutes."));
         return;
     }
     ReadListFile(path, ChemicalNames.data(), ChemicalCaptions.data(), ListEntries,
@@ -253,7 +140,7 @@ void NameLists::LoadPoseList()
     SetPoseDefaults();
     const QString path = ListFilePath(PosesRead);
     if (!QFileInfo::exists(path))
-        session.ShowWarning(QStringLiteral("Could not find 'posenames.txt', using numeric substitutes."));
+        messages.ShowWarning(QStringLiteral("Could not find 'posenames.txt', using numeric substitutes."));
     else
         ReadListFile(path, PoseNames.data(), PoseCaptions.data(), ListEntries,
                      QStringLiteral("Error reading pose names"));
@@ -267,7 +154,7 @@ void NameLists::LoadScriptList()
     SetScriptDefaults();
     const QString path = ListFilePath(ScriptsFile);
     if (!QFileInfo::exists(path)) {
-        session.ShowWarning(QStringLiteral("Could not find 'scriptnames.txt'--no autoscripts loaded"));
+        messages.ShowWarning(QStringLiteral("Could not find 'scriptnames.txt'--no autoscripts loaded"));
         return;
     }
     ReadListFile(path, ScriptNames.data(), ScriptMacros.data(), ScriptEntries,
@@ -279,7 +166,7 @@ bool NameLists::SaveChemicalList()
     if (!WriteListFile(ChemicalsRead, ChemicalsWritten, ChemicalNames.data(), ChemicalCaptions.data(), ListEntries,
                        QStringLiteral("Error saving chemical names")))
         return false;
-    session.ChemicalsChanged = false;
+    ChemicalsChanged = false;
     return true;
 }
 
@@ -288,7 +175,7 @@ bool NameLists::SavePoseList()
     if (!WriteListFile(PosesRead, PosesWritten, PoseNames.data(), PoseCaptions.data(), ListEntries,
                        QStringLiteral("Error saving pose names")))
         return false;
-    session.PosesChanged = false;
+    PosesChanged = false;
     return true;
 }
 
@@ -297,7 +184,7 @@ bool NameLists::SaveScriptList()
     if (!WriteListFile(ScriptsFile, ScriptsFile, ScriptNames.data(), ScriptMacros.data(), ScriptEntries,
                        QStringLiteral("Error saving script names")))
         return false;
-    session.ScriptsChanged = false;
+    ScriptsChanged = false;
     return true;
 }
 
@@ -359,19 +246,19 @@ int NameLists::FirstFreeChemicalSlot() const
 bool NameLists::AskNewChemical(int slot)
 {
     const QString n = Text::Str(slot);
-    const QString name = session.prompt.InputBox(QStringLiteral("Name new Chemical"),
+    const QString name = messages.prompt.InputBox(QStringLiteral("Name new Chemical"),
                                                  QStringLiteral("Enter a name for chemical") + n,
                                                  QStringLiteral("<un-named chemical>"));
     if (name.isEmpty())
         return false;
-    const QString caption = session.prompt.InputBox(QStringLiteral("Caption for new Chemical"),
+    const QString caption = messages.prompt.InputBox(QStringLiteral("Caption for new Chemical"),
                                                     QStringLiteral("Enter a caption for chemical") + n,
                                                     QStringLiteral("<no-caption>"));
     if (caption.isEmpty())
         return false;
     ChemicalNames[size_t(slot)] = name;
     ChemicalCaptions[size_t(slot)] = caption;
-    session.ChemicalsChanged = true;
+    ChemicalsChanged = true;
     return true;
 }
 
@@ -379,7 +266,7 @@ bool NameLists::AddChemical(int &slot)
 {
     slot = FirstFreeChemicalSlot();
     if (slot < 0) {
-        session.ShowError(QStringLiteral("No chemical slots left, delete un-used chemicals"));
+        messages.ShowError(QStringLiteral("No chemical slots left, delete un-used chemicals"));
         return false;
     }
     return AskNewChemical(slot);
@@ -388,12 +275,12 @@ bool NameLists::AddChemical(int &slot)
 bool NameLists::AddChemicalHere(int slot)
 {
     if (slot <= 0 || slot >= SlotsInUse) {
-        session.ShowError(QStringLiteral("You cannot add over chemical 0"));
+        messages.ShowError(QStringLiteral("You cannot add over chemical 0"));
         return false;
     }
     const QString &name = ChemicalNames[size_t(slot)];
     if (NumericValue(name) == 0
-        && session.ShowMessage(QStringLiteral("Are you sure you wish to write over ") + Quoted(name), 35)
+        && messages.ShowMessage(QStringLiteral("Are you sure you wish to write over ") + Quoted(name), 35)
                != Prompt::Yes)
         return false;
     return AskNewChemical(slot);
@@ -402,62 +289,62 @@ bool NameLists::AddChemicalHere(int slot)
 bool NameLists::DeleteChemical(int slot)
 {
     if (slot <= 0 || slot >= SlotsInUse) {
-        session.ShowError(QStringLiteral("You cannot delete chemical 0"));
+        messages.ShowError(QStringLiteral("You cannot delete chemical 0"));
         return false;
     }
     const QString name = ChemicalNames[size_t(slot)];
     if (IsFreeName(name)) {
-        session.ShowError(QStringLiteral("Chemical") + Text::Str(slot) + QStringLiteral(" is already deleted"));
+        messages.ShowError(QStringLiteral("Chemical") + Text::Str(slot) + QStringLiteral(" is already deleted"));
         return false;
     }
-    if (session.ShowMessage(QStringLiteral("Are you sure you wish to delete ") + Quoted(name) + QLatin1Char('?'), 35)
+    if (messages.ShowMessage(QStringLiteral("Are you sure you wish to delete ") + Quoted(name) + QLatin1Char('?'), 35)
         != Prompt::Yes)
         return false;
     ChemicalNames[size_t(slot)] = QString::number(slot);
     ChemicalCaptions[size_t(slot)].clear();
-    session.ChemicalsChanged = true;
+    ChemicalsChanged = true;
     return true;
 }
 
 bool NameLists::RenameChemical(int slot)
 {
     if (slot <= 0 || slot >= SlotsInUse) {
-        session.ShowError(QStringLiteral("You cannot rename chemical 0"));
+        messages.ShowError(QStringLiteral("You cannot rename chemical 0"));
         return false;
     }
     const QString name = ChemicalNames[size_t(slot)];
     if (IsFreeName(name)) {
-        session.ShowError(QStringLiteral("Chemical") + Text::Str(slot)
+        messages.ShowError(QStringLiteral("Chemical") + Text::Str(slot)
                           + QStringLiteral(" is empty and cannot be renamed"));
         return false;
     }
-    const QString answer = session.prompt.InputBox(QStringLiteral("Rename Chemical"),
+    const QString answer = messages.prompt.InputBox(QStringLiteral("Rename Chemical"),
                                                    QStringLiteral("Rename Chemical ") + Quoted(name), name);
     if (answer.isEmpty())
         return false;
     ChemicalNames[size_t(slot)] = answer;
-    session.ChemicalsChanged = true;
+    ChemicalsChanged = true;
     return true;
 }
 
 bool NameLists::CaptionChemical(int slot)
 {
     if (slot <= 0 || slot >= SlotsInUse) {
-        session.ShowError(QStringLiteral("You cannot edit the description for chemical 0"));
+        messages.ShowError(QStringLiteral("You cannot edit the description for chemical 0"));
         return false;
     }
     if (IsFreeName(ChemicalNames[size_t(slot)])) {
-        session.ShowError(QStringLiteral("Chemical") + Text::Str(slot)
+        messages.ShowError(QStringLiteral("Chemical") + Text::Str(slot)
                           + QStringLiteral(" is empty and the caption cannot be edited"));
         return false;
     }
     const QString caption = ChemicalCaptions[size_t(slot)];
-    const QString answer = session.prompt.InputBox(QStringLiteral("Edit Chemical Caption"),
+    const QString answer = messages.prompt.InputBox(QStringLiteral("Edit Chemical Caption"),
                                                    QStringLiteral("Edit Caption ") + Quoted(caption), caption);
     if (answer.isEmpty())
         return false;
     ChemicalCaptions[size_t(slot)] = answer;
-    session.ChemicalsChanged = true;
+    ChemicalsChanged = true;
     return true;
 }
 
@@ -469,15 +356,15 @@ bool NameLists::DeletePose(int slot)
         return false;
     const QString name = PoseNames[size_t(slot)];
     if (IsFreeName(name) || name == QLatin1String("0")) {
-        session.ShowError(QStringLiteral("Pose") + Text::Str(slot) + QStringLiteral(" is already deleted"));
+        messages.ShowError(QStringLiteral("Pose") + Text::Str(slot) + QStringLiteral(" is already deleted"));
         return false;
     }
-    if (session.ShowMessage(QStringLiteral("Are you sure you wish to delete ") + Quoted(name) + QLatin1Char('?'), 35)
+    if (messages.ShowMessage(QStringLiteral("Are you sure you wish to delete ") + Quoted(name) + QLatin1Char('?'), 35)
         != Prompt::Yes)
         return false;
     PoseNames[size_t(slot)] = QString::number(slot);
     PoseCaptions[size_t(slot)].clear();
-    session.PosesChanged = true;
+    PosesChanged = true;
     return true;
 }
 
@@ -486,12 +373,12 @@ bool NameLists::RenamePose(int slot)
     if (slot < 0 || slot >= SlotsInUse)
         return false;
     const QString name = PoseNames[size_t(slot)];
-    const QString answer = session.prompt.InputBox(QStringLiteral("Rename Pose"),
+    const QString answer = messages.prompt.InputBox(QStringLiteral("Rename Pose"),
                                                    QStringLiteral("Rename Pose ") + Quoted(name), name);
     if (answer.isEmpty())
         return false;
     PoseNames[size_t(slot)] = answer;
-    session.PosesChanged = true;
+    PosesChanged = true;
     return true;
 }
 
@@ -500,12 +387,12 @@ bool NameLists::CaptionPose(int slot)
     if (slot < 0 || slot >= SlotsInUse)
         return false;
     const QString name = PoseNames[size_t(slot)];
-    const QString answer = session.prompt.InputBox(QStringLiteral("Describe Pose"),
+    const QString answer = messages.prompt.InputBox(QStringLiteral("Describe Pose"),
                                                    QStringLiteral("Describe Pose ") + Quoted(name),
                                                    PoseCaptions[size_t(slot)]);
     if (answer.isEmpty())
         return false;
     PoseCaptions[size_t(slot)] = answer;
-    session.PosesChanged = true;
+    PosesChanged = true;
     return true;
 }

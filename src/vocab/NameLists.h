@@ -1,33 +1,11 @@
 #pragma once
+#include "base/FileFault.h"
+#include "base/Messages.h"
+
 #include <QByteArray>
 #include <QString>
 #include <array>
 
-class QFileDevice;
-class Session;
-
-// A failed file operation as a fault message reports it: an error number in the family the
-// users know from the original program, and a description.
-struct FileFault
-{
-    qint16 Number = 0;
-    QString Description;
-
-    // The fault of a file device after a failed open, read, write or commit.
-    static FileFault Of(const QFileDevice &file, const QString &path);
-    // A file that ended before its last entry.
-    static FileFault PastEnd(const QString &path);
-};
-
-// Whole-file reads and writes of the small vocabulary files.
-namespace VocabFiles {
-// Reads at most maxBytes from the front of the file at path.
-bool ReadFront(const QString &path, qint64 maxBytes, QByteArray &bytes, FileFault &fault);
-// Writes content over the first bytes of the file at path without shortening it: bytes of an
-// older, longer file behind the new content stay as they were. The new file is written
-// beside the old one and renamed over it, so a failed write leaves the old file whole.
-bool WriteOverFront(const QString &path, const QByteArray &content, FileFault &fault);
-}
 
 // The chemical, pose and script name lists and their files. The last entry of each array
 // is never shown or edited; it travels through the file as it was read.
@@ -43,7 +21,12 @@ public:
     static constexpr int SlotsInUse = 256;
     static constexpr int ScriptsInUse = 20;
 
-    explicit NameLists(Session &session) : session(session) {}
+    // The lists report through messages; their files lie in appDirectory (the current
+    // directory when it is empty).
+    NameLists(UserMessages &messages, const QString &appDirectory) : messages(messages), appDirectory(appDirectory) {}
+
+    // Set by every command that stores into a list; cleared when the list is saved.
+    bool ChemicalsChanged = false, PosesChanged = false, ScriptsChanged = false;
 
     std::array<QString, ListEntries> ChemicalNames, ChemicalCaptions;
     std::array<QString, ListEntries> PoseNames, PoseCaptions;
@@ -119,5 +102,6 @@ private:
     // Makes the program's folder the current one and gives the path of a file in it.
     QString ListFilePath(const QString &name) const;
 
-    Session &session;
+    UserMessages &messages;
+    const QString &appDirectory;
 };

@@ -1,7 +1,6 @@
 #include "vocab/ReferenceTables.h"
 
-#include "core/Session.h"
-#include "core/Text.h"
+#include "base/Text.h"
 
 // Gene kinds, genera, egg patterns, life stages and the rows of the genotype summary.
 // SpeciesNames and EggVarietyNames end in an empty row, GenotypeCategoryNames in "END":
@@ -126,25 +125,4 @@ QString ReferenceTables::LobeName(int lobe) const
     if (lobe >= 0 && lobe < LobeNames.size())
         return LobeNames.at(lobe);
     return QStringLiteral("Lobe ") + QString::number(lobe);
-}
-
-// Start-up of the vocabularies. The order matters: the template's presets stand before its
-// file is read, and the list views are filled before the rest of the tables exist.
-void Session::BuildReferenceTables()
-{
-    Tables.BuildKindTables();
-
-    Template.SetPresets();
-
-    Lists.LoadChemicalList();
-    Lists.LoadPoseList();
-    Lists.LoadScriptList();
-    Template.LoadDefaultTemplate();
-
-    emit ListViewsMustFill();
-
-    LayEggOffset = 0;
-    emit ExportViewsMustFill();
-
-    Tables.BuildGeneTables();
 }

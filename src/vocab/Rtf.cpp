@@ -1,6 +1,6 @@
 #include "vocab/Rtf.h"
 
-#include "vocab/SingleByteText.h"
+#include "base/SingleByteText.h"
 
 #include <QByteArray>
 #include <QSet>

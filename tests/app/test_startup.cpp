@@ -62,7 +62,7 @@ private slots:
         StoredPreferences::Set(QStringLiteral("Compatibility"), QStringLiteral("1"));
         form->SSTab1->setCurrentIndex(4);
         session->PlacementStep = 3;
-        session->ChemicalsChanged = session->PosesChanged = session->ScriptsChanged = true;
+        session->Lists.ChemicalsChanged = session->Lists.PosesChanged = session->Lists.ScriptsChanged = true;
         session->LayEggOffset = 5000;
         session->Template.DefaultGeneCounts[0] = 999;
         QList<QList<int>> rows;
@@ -72,7 +72,7 @@ private slots:
             rows << QList<int>({form->SSTab1->currentIndex(), int(t.GenotypeCategoryNames.size()),
                                 s.Template.DefaultGeneCounts[0], int(t.HalfLifeNames.size()), s.LayEggOffset,
                                 int(t.EggVarietyNames.size()), int(t.LobeNames.size()), s.PlacementStep,
-                                s.ChemicalsChanged || s.PosesChanged || s.ScriptsChanged,
+                                s.Lists.ChemicalsChanged || s.Lists.PosesChanged || s.Lists.ScriptsChanged,
                                 s.CompatibilityMode.toInt(), s.QuitConfirm,
                                 int(prompt.MessageTexts().filter("Welcome to the Helixbench!").size())});
         };
@@ -105,8 +105,8 @@ private slots:
             session->QuitConfirm = true; // as start-up leaves it
             form->show();
             session->RegistryProduct = QStringLiteral("Arkenfold 9");
-            session->PosesChanged = true;
-            session->ChemicalsChanged = session->ScriptsChanged = c.allChanged;
+            session->Lists.PosesChanged = true;
+            session->Lists.ChemicalsChanged = session->Lists.ScriptsChanged = c.allChanged;
             for (int answer : c.answers)
                 prompt.AnswerMessage(answer);
             QCOMPARE(QList<bool>({form->close(), form->isVisible()}), QList<bool>({c.closes, !c.closes}));

@@ -1,7 +1,7 @@
 // What every gene editor shares: the header panel's binding, the ways out, the count and the
 // main title, the cascade, the organ label, chemical combos, slider read-outs, F1, what an encode takes.
 #include "EditorTestKit.h"
-#include "app/Placement.h"
+#include "widgets/Placement.h"
 #include "editors/EditorCommon.h"
 
 #include <QScreen>

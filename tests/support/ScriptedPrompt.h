@@ -1,5 +1,5 @@
 #pragma once
-#include "core/Prompt.h"
+#include "base/Prompt.h"
 
 #include <QList>
 #include <QQueue>

@@ -141,7 +141,7 @@ private slots:
         QVERIFY(RightClick("ChemicalListView", 5, "mnuChemicalPopUp") && Find<QAction>("mnuChemicalSaveChanges")->isEnabled());
         menu->hide();
         Find<QAction>("mnuChemicalSaveChanges")->trigger();
-        QVERIFY(!session->ChemicalsChanged && QFile::exists(sandbox->path() + QStringLiteral("/Chemicals.txt")));
+        QVERIFY(!session->Lists.ChemicalsChanged && QFile::exists(sandbox->path() + QStringLiteral("/Chemicals.txt")));
 
         Fill("PoseTab");
         menu = RightClick("PoseListView", 7, "mnuPosePopUp");
@@ -165,7 +165,7 @@ private slots:
         prompt.AnswerInput(QStringLiteral("4"));
         Click("RenamePoseCommand");
         poses->SaveListCommand();
-        QVERIFY(!session->PosesChanged && QFile::exists(sandbox->path() + QStringLiteral("/PoseName.txt")));
+        QVERIFY(!session->Lists.PosesChanged && QFile::exists(sandbox->path() + QStringLiteral("/PoseName.txt")));
 
         // A row that is missing is reported.
         QTreeWidget empty;

@@ -2,7 +2,7 @@
 #include "core/Gene.h"
 #include "core/Session.h"
 #include "support/ScriptedPrompt.h"
-#include "views/GeneNotesForm.h"
+#include "editors/GeneNotesForm.h"
 #include "vocab/RtfTestKit.h"
 
 #include <QtWidgets>

@@ -4,7 +4,7 @@
 #include "support/ScriptedPrompt.h"
 #include "support/TestEnv.h"
 #include "vocab/CaptionStore.h"
-#include "vocab/SingleByteText.h"
+#include "base/SingleByteText.h"
 
 #include <QDir>
 #include <QtTest>

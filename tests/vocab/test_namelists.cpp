@@ -144,7 +144,7 @@ private slots:
         prompt.AnswerInput(QStringLiteral("Ion")).AnswerInput(QStringLiteral("c")).AnswerInput(QStringLiteral("Ion2"));
         QVERIFY(Lists().AddChemicalHere(4) && Lists().RenameChemical(4));
         QCOMPARE(Lists().ChemicalNames[4] + Lists().ChemicalCaptions[4], QStringLiteral("Ion2c"));
-        QVERIFY(session->ChemicalsChanged);
+        QVERIFY(session->Lists.ChemicalsChanged);
     }
 
     void chemicalZeroIsProtectedAndAFailedSaveKeepsTheFlag()
@@ -160,10 +160,10 @@ private slots:
         QCOMPARE(prompt.Last().style, 16);
 
         QVERIFY(QDir(dir->path()).mkdir(QStringLiteral("Chemicals.txt")));
-        session->ChemicalsChanged = true;
+        session->Lists.ChemicalsChanged = true;
         QVERIFY(!Lists().SaveChemicalList());
         QVERIFY(prompt.Last().text.startsWith(QStringLiteral("Error saving chemical names\n\rDescription: Error ID")));
-        QVERIFY(session->ChemicalsChanged);
+        QVERIFY(session->Lists.ChemicalsChanged);
     }
 };
 

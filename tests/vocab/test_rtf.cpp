@@ -1,7 +1,7 @@
 // The notes' RTF: what the writer produces, what the reader makes of our own and of foreign
 // sources, and that no source text can upset it.
 #include "RtfTestKit.h"
-#include "vocab/SingleByteText.h"
+#include "base/SingleByteText.h"
 
 using namespace Rtf;
 

@@ -1,5 +1,5 @@
 // Single-byte file text: every byte value must come back as it went in.
-#include "vocab/SingleByteText.h"
+#include "base/SingleByteText.h"
 
 #include <QtTest>
 

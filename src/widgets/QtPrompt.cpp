@@ -1,6 +1,6 @@
-#include "app/QtPrompt.h"
+#include "widgets/QtPrompt.h"
 
-#include "app/ProcessingForm.h"
+#include "widgets/ProcessingForm.h"
 
 #include <QApplication>
 #include <QFileDialog>

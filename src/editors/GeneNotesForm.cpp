@@ -1,6 +1,6 @@
-#include "views/GeneNotesForm.h"
+#include "editors/GeneNotesForm.h"
 
-#include "app/Placement.h"
+#include "widgets/Placement.h"
 #include "core/Gene.h"
 #include "core/Session.h"
 

@@ -1,4 +1,4 @@
-#include "vocab/SingleByteText.h"
+#include "base/SingleByteText.h"
 
 #include <QHash>
 #include <QStringDecoder>

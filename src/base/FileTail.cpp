@@ -1,4 +1,4 @@
-#include "core/FileTail.h"
+#include "base/FileTail.h"
 
 #include <QFile>
 

@@ -1,6 +1,6 @@
-#include "app/ProcessingForm.h"
+#include "widgets/ProcessingForm.h"
 
-#include "app/Placement.h"
+#include "widgets/Placement.h"
 
 #include <QLabel>
 #include <QProgressBar>

@@ -1,4 +1,4 @@
-#include "vocab/FileNames.h"
+#include "base/FileNames.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,0 +1,2 @@
+// Must not compile: the session knows no widget.
+#include "widgets/Placement.h"

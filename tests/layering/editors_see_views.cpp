@@ -1,0 +1,2 @@
+// Must not compile: the editors lie below the main window.
+#include "views/HelixbenchForm.h"

@@ -1,0 +1,2 @@
+// Must not compile: the vocabularies lie below the session.
+#include "core/Session.h"
