@@ -63,7 +63,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     if (session.GeneCount == 0)
         return 0; // an encode of no genes writes nothing
     session.EncodeGenome();
-    Check(session.CompatibilityMode == QLatin1String("0"));
+    Check(session.CompatibilityMode == QStringLiteral("0"));
     if (img.RefusedWrites != 0)
         return 0; // a genome too long for the block
     const QByteArray first = Encoded(session);

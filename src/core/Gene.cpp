@@ -101,8 +101,8 @@ int Gene::BodyLength() const
 
 void Gene::SetMembers()
 {
-    BodyIO io(session.GenomeImage, true, session.CompatibilityMode != QLatin1String("0"),
-              session.CompatibilityMode == QLatin1String("1"));
+    BodyIO io(session.GenomeImage, true, session.CompatibilityMode.ReadsOlderGenes(),
+              session.CompatibilityMode.ReadsOlderAppearance());
     Body(io);
 }
 

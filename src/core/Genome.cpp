@@ -22,7 +22,7 @@ bool Session::DecodeGenome()
     img.CorrectedErrors = 0;
     img.ReadCursor = 0;
 
-    if (CompatibilityMode == QLatin1String("1")) {
+    if (CompatibilityMode.WarnsBeforeLoading()) {
         const int answer = ShowMessage(
             QStringLiteral("WARNING. Arkenfold 1 compatibility mode is enabled.") + CRLF
                 + QStringLiteral("This will allow you to load a Arkenfold 1 genome into") + CRLF
@@ -37,7 +37,7 @@ bool Session::DecodeGenome()
         return false;
     }
 
-    const bool older = CompatibilityMode != QLatin1String("0");
+    const bool older = CompatibilityMode.ReadsOlderGenes();
     for (;;) {
         prompt.Yield();
         if (prompt.ProgressVisible() && img.WriteCursor != 0)
@@ -95,7 +95,7 @@ void Session::EncodeGenome()
 {
     if (GeneCount == 0)
         return;
-    if (CompatibilityMode != QLatin1String("0")) {
+    if (CompatibilityMode.SwitchesOffOnEncode()) {
         ShowInfo(QStringLiteral("This genome has been converted to Arkenfold 2 format.") + CRLF
                  + QStringLiteral("I have to switch compatibility mode off. Use") + CRLF
                  + QStringLiteral("'Advanced Options' to switch it back on."));
@@ -238,7 +238,7 @@ bool Session::LoadGenomeFile(const QString &name)
         ShowGenomeSpace(false);
         return false;
     }
-    if (UseDefaultCaptions == QLatin1String("1")) {
+    if (UseDefaultCaptions.Forced()) {
         SetStatusPanel(2, QStringLiteral("(FORCING DEFAULT CAPTIONS)"));
         CaptionStore.LoadDefaultCaptions();
     } else {
@@ -309,7 +309,7 @@ bool Session::SaveGenomeFile(const QString &name)
     case ImageWrite::Written:
         break;
     }
-    if (UseDefaultCaptions != QLatin1String("1")) {
+    if (!UseDefaultCaptions.Forced()) {
         SetStatusPanel(2, QStringLiteral("(Normal Captions)"));
         CaptionStore.SaveUniqueCaptions(name);
     } else {

@@ -2,6 +2,7 @@
 #include "base/Messages.h"
 #include "core/GeneView.h"
 #include "core/GenomeImage.h"
+#include "core/Preferences.h"
 #include "vocab/CaptionStore.h"
 #include "vocab/MutationTemplate.h"
 #include "vocab/NameLists.h"
@@ -37,8 +38,8 @@ public:
     // Preferences and paths.
     QString AppDirectory;
     QString LastGenomeDirectory;
-    QString UseDefaultCaptions = QStringLiteral("0");
-    QString CompatibilityMode = QStringLiteral("0");
+    DefaultCaptionsSetting UseDefaultCaptions;
+    CompatibilitySetting CompatibilityMode;
     QString RegistryCompany = QStringLiteral("Kelmoth Technology");
     QString RegistryProduct = QStringLiteral("Arkenfold 2");
     QString RegistryVersion = QStringLiteral("1.0");

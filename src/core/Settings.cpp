@@ -54,8 +54,8 @@ void Session::LoadSettings()
 bool Session::SaveSettings()
 {
     QSettings store(QSettings::IniFormat, QSettings::UserScope, Application);
-    store.setValue(PreferenceKey(QStringLiteral("Compatibility")), CompatibilityMode);
-    store.setValue(PreferenceKey(QStringLiteral("Use Default Captions")), UseDefaultCaptions);
+    store.setValue(PreferenceKey(QStringLiteral("Compatibility")), CompatibilityMode.Text());
+    store.setValue(PreferenceKey(QStringLiteral("Use Default Captions")), UseDefaultCaptions.Text());
     store.setValue(PreferenceKey(QStringLiteral("Company")), RegistryCompany);
     store.setValue(PreferenceKey(QStringLiteral("Version")), RegistryVersion);
     store.setValue(PreferenceKey(QStringLiteral("Product")), RegistryProduct);

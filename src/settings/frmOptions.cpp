@@ -15,8 +15,6 @@
 
 namespace {
 // A preference string as a check state: its value as a whole number, modulo 2.
-bool CheckedFrom(const QString &value) { return Text::RoundHalfEven(Text::Val(value)) % 2 != 0; }
-
 QPushButton *NamedButton(const char *name, const QString &caption, QWidget *parent)
 {
     auto *b = new QPushButton(caption, parent);
@@ -89,8 +87,8 @@ frmOptions::frmOptions(Session &s, QWidget *parent) : QDialog(parent), session(s
     });
     connect(cancelButton, &QPushButton::clicked, this, &QDialog::reject);
 
-    DefaultCaptionsCheckBox->setChecked(CheckedFrom(session.UseDefaultCaptions));
-    CompatibilityCheckBox->setChecked(CheckedFrom(session.CompatibilityMode));
+    DefaultCaptionsCheckBox->setChecked(session.UseDefaultCaptions.Checked());
+    CompatibilityCheckBox->setChecked(session.CompatibilityMode.Checked());
     RegistryCompany->setText(session.RegistryCompany);
     RegistryVersion->setText(session.RegistryVersion);
     RegistryProduct->setText(session.RegistryProduct);
@@ -113,8 +111,8 @@ void frmOptions::ResetToRegistry()
 
 void frmOptions::TakeOver()
 {
-    session.UseDefaultCaptions = DefaultCaptionsCheckBox->isChecked() ? QStringLiteral("1") : QStringLiteral("0");
-    session.CompatibilityMode = CompatibilityCheckBox->isChecked() ? QStringLiteral("1") : QStringLiteral("0");
+    session.UseDefaultCaptions = StoredSwitch::FromCheckBox(DefaultCaptionsCheckBox->isChecked());
+    session.CompatibilityMode = StoredSwitch::FromCheckBox(CompatibilityCheckBox->isChecked());
     session.RegistryCompany = RegistryCompany->text();
     session.RegistryVersion = RegistryVersion->text();
     session.RegistryProduct = RegistryProduct->text();

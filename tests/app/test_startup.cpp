@@ -73,7 +73,7 @@ private slots:
                                 s.Template.DefaultGeneCounts[0], int(t.HalfLifeNames.size()), s.LayEggOffset,
                                 int(t.EggVarietyNames.size()), int(t.LobeNames.size()), s.PlacementStep,
                                 s.Lists.ChemicalsChanged || s.Lists.PosesChanged || s.Lists.ScriptsChanged,
-                                s.CompatibilityMode.toInt(), s.QuitConfirm,
+                                s.CompatibilityMode.Text().toInt(), s.QuitConfirm,
                                 int(prompt.MessageTexts().filter("Welcome to the Helixbench!").size())});
         };
         connect(session.get(), &Session::ListViewsMustFill, this, row);

@@ -283,7 +283,7 @@ private slots:
         session->EncodeGenome();
         session->EncodeGenome();
         QVERIFY(prompt.Last().text.startsWith("This genome has been converted to Arkenfold 2 format."));
-        QCOMPARE(session->CompatibilityMode, QStringLiteral("0"));
+        QCOMPARE(session->CompatibilityMode.Text(), QStringLiteral("0"));
         auto header = [](int type, int sub) { return Header(type, sub, 1, true) + char(0x80); };
         QCOMPARE(ImageBytes(session->GenomeImage.WriteCursor), File(header(0, 0) + lobe(12) + header(2, 2) + Hex("031900") + header(2, 6) + Hex("0280")));
 

@@ -21,11 +21,13 @@ private slots:
     void defaultsAndTheFiveValues()
     {
         auto values = [](const Session &s) -> QStringList {
-            return {s.UseDefaultCaptions, s.CompatibilityMode, s.RegistryCompany, s.RegistryVersion, s.RegistryProduct,
+            return {s.UseDefaultCaptions.Text(), s.CompatibilityMode.Text(), s.RegistryCompany, s.RegistryVersion, s.RegistryProduct,
                     s.LastGenomeDirectory};
         };
         // An empty store gives the defaults, whatever the session held.
-        session->UseDefaultCaptions = session->CompatibilityMode = session->RegistryVersion = session->LastGenomeDirectory = "x";
+        session->RegistryVersion = session->LastGenomeDirectory = "x";
+        session->UseDefaultCaptions = "x";
+        session->CompatibilityMode = "x";
         session->LoadSettings();
         QCOMPARE(values(*session), QStringList({"0", "0", "Kelmoth Technology", "1.0", "Arkenfold 2", ""}));
         // A save writes all five under their names; a new session reads them.

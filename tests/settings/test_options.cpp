@@ -67,7 +67,7 @@ private slots:
             Click("ResetToRegistryButton");
             Click(button);
             QVERIFY(!dialog->isVisible());
-            after << QStringList({session->UseDefaultCaptions, session->CompatibilityMode, session->RegistryCompany,
+            after << QStringList({session->UseDefaultCaptions.Text(), session->CompatibilityMode.Text(), session->RegistryCompany,
                                   session->RegistryVersion, session->RegistryProduct, session->LastGenomeDirectory});
         }
         QCOMPARE(after, QList<QStringList>({{"3", "2", "Kelmoth Technology", "9.9", "Arkenfold 2", "/pets/"},
