@@ -8,69 +8,33 @@
 
 #include <QSet>
 
-namespace {
-
-const GeneKindInfo KindTable[GeneKinds::Count] = {
-    {0, 0, "clsBrainLobe", "Brain Lobe", 196},
-    {0, 1, "clsBorgan", "Brain Organ", 5},
-    {1, 0, "clsReceptor", "Receptor", 8},
-    {1, 1, "clsEmitter", "Emitter", 8},
-    {1, 2, "clsReaction", "Reaction", 9},
-    {1, 3, "clsHalfLives", "Half-lives", 256},
-    {1, 4, "clsInject", "Initial Concentration", 2},
-    {2, 0, "clsStimulus", "Stimulus", 13},
-    {2, 1, "clsSpecies", "Genus", 9},
-    {2, 2, "clsAppearance", "Appearance", 3},
-    {2, 3, "clsPose", "Pose", 16},
-    {2, 4, "clsGait", "Gait", 9},
-    {2, 5, "clsInstinct", "Instinct", 9},
-    {2, 6, "clsColour", "Pigment", 2},
-    {2, 7, "clsColourBleed", "Pigment Bleed", 2},
-    {3, 0, "clsOrgan", "Organ", 5},
-};
-
-} // namespace
-
-namespace GeneKinds {
-
-const GeneKindInfo *Find(int type, int subType)
+std::unique_ptr<Gene> MakeGene(Session &s, GeneKind kind)
 {
-    for (const GeneKindInfo &k : KindTable)
-        if (k.type == type && k.subType == subType)
-            return &k;
+    switch (kind) {
+    case GeneKind::BrainLobe: return std::make_unique<clsBrainLobe>(s);
+    case GeneKind::BrainOrgan: return std::make_unique<clsBorgan>(s);
+    case GeneKind::Receptor: return std::make_unique<clsReceptor>(s);
+    case GeneKind::Emitter: return std::make_unique<clsEmitter>(s);
+    case GeneKind::Reaction: return std::make_unique<clsReaction>(s);
+    case GeneKind::HalfLives: return std::make_unique<clsHalfLives>(s);
+    case GeneKind::Inject: return std::make_unique<clsInject>(s);
+    case GeneKind::Stimulus: return std::make_unique<clsStimulus>(s);
+    case GeneKind::Species: return std::make_unique<clsSpecies>(s);
+    case GeneKind::Appearance: return std::make_unique<clsAppearance>(s);
+    case GeneKind::Pose: return std::make_unique<clsPose>(s);
+    case GeneKind::Gait: return std::make_unique<clsGait>(s);
+    case GeneKind::Instinct: return std::make_unique<clsInstinct>(s);
+    case GeneKind::Colour: return std::make_unique<clsColour>(s);
+    case GeneKind::ColourBleed: return std::make_unique<clsColourBleed>(s);
+    case GeneKind::Organ: return std::make_unique<clsOrgan>(s);
+    }
     return nullptr;
 }
 
-const GeneKindInfo &At(int index) { return KindTable[qBound(0, index, Count - 1)]; }
-
-Gene *Make(Session &s, int type, int subType)
+std::unique_ptr<Gene> MakeGene(Session &s, int type, int subType)
 {
-    switch (type * 16 + subType) {
-    case 0x00: return new clsBrainLobe(s);
-    case 0x01: return new clsBorgan(s);
-    case 0x10: return new clsReceptor(s);
-    case 0x11: return new clsEmitter(s);
-    case 0x12: return new clsReaction(s);
-    case 0x13: return new clsHalfLives(s);
-    case 0x14: return new clsInject(s);
-    case 0x20: return new clsStimulus(s);
-    case 0x21: return new clsSpecies(s);
-    case 0x22: return new clsAppearance(s);
-    case 0x23: return new clsPose(s);
-    case 0x24: return new clsGait(s);
-    case 0x25: return new clsInstinct(s);
-    case 0x26: return new clsColour(s);
-    case 0x27: return new clsColourBleed(s);
-    case 0x30: return new clsOrgan(s);
-    default: return nullptr;
-    }
-}
-
-} // namespace GeneKinds
-
-bool IsValidGeneKind(quint8 type, quint8 subType)
-{
-    return type < GeneKinds::TypeCount && subType < GeneKinds::SubTypeCount[type];
+    const GeneKindInfo *k = GeneKinds::Find(type, subType);
+    return k ? MakeGene(s, k->kind) : nullptr;
 }
 
 QString ClampByteText(const QString &text)
@@ -106,12 +70,29 @@ void Gene::SetMembers()
     Body(io);
 }
 
-void Gene::PutGeneHeader()
+void Gene::Header(BodyIO &io, HeaderFields fields)
 {
-    GenomeImage &img = session.GenomeImage;
-    img.PutGenomeToken(QByteArrayLiteral("gene"));
-    for (quint8 b : {GeneType, GeneSubType, ID, Generation, SwitchOn, Mutability, MutabilityWeighting})
-        img.PutGenomeByte(b);
+    if (!io.reading) {
+        io.image.PutGenomeToken(QByteArrayLiteral("gene"));
+        io.Byte(GeneType);
+        io.Byte(GeneSubType);
+    }
+    if (fields != HeaderFields::Rest) {
+        io.Byte(ID);
+        io.Byte(Generation);
+    }
+    if (fields == HeaderFields::Identity)
+        return;
+    io.Byte(SwitchOn, 0, ReferenceTables::LifeStageCount - 1);
+    io.Byte(Mutability);
+    // Genes of the older format carry no weighting: they get the middle of the range.
+    if (io.reading && io.olderFormat)
+        MutabilityWeighting = 128;
+    else
+        io.Byte(MutabilityWeighting);
+    // Bits 6 and 7 of the flags mean nothing and are dropped on load.
+    if (io.reading)
+        Mutability &= 63;
 }
 
 void Gene::GetMembers()
@@ -119,8 +100,8 @@ void Gene::GetMembers()
     // An encode takes what an open editor shows now, whether or not it is later cancelled.
     if (IsOpen)
         GetControls();
-    PutGeneHeader();
     BodyIO io(session.GenomeImage, false);
+    Header(io);
     Body(io);
 }
 
@@ -152,11 +133,11 @@ void Gene::OpenView()
     View = view;
     IsOpen = true;
     View->SetEditorCaption();
-    if (GeneType == 1 && GeneSubType <= 2)
+    if (const GeneKindInfo *k = GeneKinds::Find(GeneType, GeneSubType); k && k->showsOrgan)
         View->ShowGeneOrgan();
     session.CountEditorWindow(this);
     SetControls();
-    if (GeneType == 0 && GeneSubType == 0 && View)
+    if (Is(GeneKind::BrainLobe) && View)
         View->ShowSVRules();
 }
 
@@ -186,7 +167,7 @@ bool Session::CreateGene(quint8 type, quint8 subType, bool interactive)
         return false;
     }
     const GeneKindInfo *kind = GeneKinds::Find(type, subType);
-    std::unique_ptr<Gene> gene(kind ? GeneKinds::Make(*this, type, subType) : nullptr);
+    std::unique_ptr<Gene> gene = kind ? MakeGene(*this, kind->kind) : nullptr;
     if (!gene) {
         ShowError(QStringLiteral("Error: trying to create a gene of type ") + QString::number(type)
                   + QStringLiteral(" and subtype ") + QString::number(subType)
@@ -219,8 +200,8 @@ bool Session::CreateGene(quint8 type, quint8 subType, bool interactive)
                                     + QStringLiteral(" - ") + factory);
         g->OpenView();
     } else {
-        g->ID = GenomeImage.GetGenomeByte(0, 255);
-        g->Generation = GenomeImage.GetGenomeByte(0, 255);
+        BodyIO io(GenomeImage, true);
+        g->Header(io, Gene::HeaderFields::Identity);
     }
     return true;
 }

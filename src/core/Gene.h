@@ -1,7 +1,9 @@
 #pragma once
 #include "core/BodyIO.h"
+#include "core/GeneKind.h"
 
 #include <QString>
+#include <memory>
 
 class Session;
 class GeneView;
@@ -44,33 +46,29 @@ public:
 
     // Body length in the current format.
     int BodyLength() const;
+    // Whether the header names the kind (its type and subtype).
+    bool Is(GeneKind kind) const
+    {
+        const GeneKindInfo &k = GeneKinds::Of(kind);
+        return GeneType == k.type && GeneSubType == k.subType;
+    }
+
+    // The header behind the "gene" token, in file order: the kind, ID, Generation, SwitchOn,
+    // Mutability, MutabilityWeighting. A reader has taken the kind already (it chose the
+    // class); it reads ID and Generation as the gene is created (Identity) and the rest
+    // just before the body (Rest). A writer writes it all.
+    enum class HeaderFields { Identity, Rest, All };
+    void Header(BodyIO &io, HeaderFields fields = HeaderFields::All);
 
 protected:
     // The body in file order, read or written.
     virtual void Body(BodyIO &io) = 0;
-    void PutGeneHeader();
 };
 
-// The sixteen kinds of gene.
-struct GeneKindInfo
-{
-    quint8 type;
-    quint8 subType;
-    const char *className;   // clsBrainLobe
-    const char *factoryName; // "Brain Lobe": the word CreateGene uses
-    int bodyBytes;
-};
+// A fresh object of the kind with its defaults.
+std::unique_ptr<Gene> MakeGene(Session &session, GeneKind kind);
+// The same by (type, subtype); nullptr for a pair that names no kind.
+std::unique_ptr<Gene> MakeGene(Session &session, int type, int subType);
 
-namespace GeneKinds {
-constexpr int TypeCount = 4;
-constexpr int SubTypeCount[TypeCount] = {2, 5, 8, 1};
-const GeneKindInfo *Find(int type, int subType);
-const GeneKindInfo &At(int index); // 0..15 in table order
-constexpr int Count = 16;
-// A fresh object of the kind with its defaults, or nullptr for an unknown pair.
-Gene *Make(Session &session, int type, int subType);
-}
-
-bool IsValidGeneKind(quint8 type, quint8 subType);
 // A typed text tidied to a whole number from 0 to 255, in decimal.
 QString ClampByteText(const QString &text);

@@ -102,7 +102,7 @@ QStringList RowTexts(const Session &s, const Gene &g)
             CaptionOf(s, g), DescribeGene(s, g, true)};
 }
 
-bool IsSpeciesGene(const Gene &g) { return g.GeneType == 2 && g.GeneSubType == 1; }
+bool IsSpeciesGene(const Gene &g) { return g.Is(GeneKind::Species); }
 
 std::unique_ptr<Gene> DeleteGene(Session &s, int n, bool quietly)
 {

@@ -79,10 +79,8 @@ bool Session::DecodeGenome()
             return false;
         }
         Gene *g = GeneList[size_t(GeneCount - 1)].get();
-        g->SwitchOn = img.GetGenomeByte(0, 6);
-        g->Mutability = img.GetGenomeByte(0, 255);
-        g->MutabilityWeighting = older ? 128 : img.GetGenomeByte(0, 255);
-        g->Mutability &= 63;
+        BodyIO header(img, true, older);
+        g->Header(header, Gene::HeaderFields::Rest);
         g->SetMembers();
     }
 
@@ -325,7 +323,7 @@ bool Session::SaveGenomeFile(const QString &name)
 
 void Session::NewGenome()
 {
-    std::unique_ptr<Gene> species(GeneKinds::Make(*this, 2, 1));
+    std::unique_ptr<Gene> species(MakeGene(*this, GeneKind::Species));
     Gene *g = species.get();
     GeneList[0] = std::move(species);
     GeneCount = 1;

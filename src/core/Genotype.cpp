@@ -42,7 +42,7 @@ void GenotypeCounts::Add(const Gene &gene)
         ++rows[12];
     if (gene.Mutability & 32)
         ++rows[13];
-    if (gene.GeneType == 0 && gene.GeneSubType == 0)
+    if (gene.Is(GeneKind::BrainLobe))
         ++lobes;
     const int row = KindCategory(gene.GeneType, gene.GeneSubType);
     if (row >= 0)
@@ -103,7 +103,7 @@ LobeTable LobeRows(const Session &session)
     LobeTable table;
     for (int i = 0; i < session.GeneCount; ++i) {
         const Gene *gene = session.GeneAt(i);
-        if (!gene || gene->GeneType != 0 || gene->GeneSubType != 0)
+        if (!gene || !gene->Is(GeneKind::BrainLobe))
             continue;
         const auto &lobe = static_cast<const clsBrainLobe &>(*gene);
         const int neurones = lobe.Width * lobe.Height;

@@ -37,9 +37,12 @@ const Group Groups[3] = {
 
 namespace OrganLayout {
 
-bool IsOrganGene(const Gene &gene) { return gene.GeneType == 3 && gene.GeneSubType == 0; }
+bool IsOrganGene(const Gene &gene) { return gene.Is(GeneKind::Organ); }
 
-bool IsMember(const Gene &gene) { return gene.GeneType == 1 && gene.GeneSubType <= 2; }
+bool IsMember(const Gene &gene)
+{
+    return gene.Is(GeneKind::Receptor) || gene.Is(GeneKind::Emitter) || gene.Is(GeneKind::Reaction);
+}
 
 QString SexMark(quint8 mutability)
 {
@@ -90,11 +93,11 @@ QString OrganGeneText(const Session &session, const Gene &gene)
     text += QLatin1String("] - ");
     text += SexMark(gene.Mutability);
     int chem = -1;
-    if (gene.GeneType == 1 && gene.GeneSubType == 0)
+    if (gene.Is(GeneKind::Receptor))
         chem = static_cast<const clsReceptor &>(gene).Chem;
-    else if (gene.GeneType == 1 && gene.GeneSubType == 1)
+    else if (gene.Is(GeneKind::Emitter))
         chem = static_cast<const clsEmitter &>(gene).Chem;
-    else if (gene.GeneType == 1 && gene.GeneSubType == 2)
+    else if (gene.Is(GeneKind::Reaction))
         AppendReactionDetail(text, session, static_cast<const clsReaction &>(gene));
     if (chem >= 0) {
         text += QLatin1String("[Chem = ");

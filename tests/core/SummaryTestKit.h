@@ -9,7 +9,7 @@ namespace SummaryTestKit {
 template <typename T = Gene>
 T &Add(Session &s, int type, int subType, int id = 1, const QString &caption = {}, quint8 mutability = 0)
 {
-    Gene *g = GeneKinds::Make(s, type, subType);
+    Gene *g = MakeGene(s, type, subType).release();
     g->ID = quint8(id);
     g->Mutability = mutability;
     g->Numeric_ID = s.GeneCount;

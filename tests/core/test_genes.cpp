@@ -109,7 +109,7 @@ private slots:
             QCOMPARE(session->GenomeImage.WriteCursor, int(file.size()));
             QCOMPARE(ImageBytes(file.size() + 1), file + char(0xEE)); // nothing written behind "gend"
 
-            std::unique_ptr<Gene> fresh(GeneKinds::Make(*session, type, subType));
+            std::unique_ptr<Gene> fresh = MakeGene(*session, type, subType);
             if (auto *organ = dynamic_cast<OrganGene *>(fresh.get()))
                 organ->BiotickStartValue = 0;
             session->GenomeImage.WriteCursor = 0;

@@ -39,7 +39,7 @@ private slots:
     {
         gene.reset();
         session.reset(new Session(prompt));
-        gene.reset(GeneKinds::Make(*session, 2, 1));
+        gene = MakeGene(*session, GeneKind::Species);
         gene->ID = 4;
     }
 
