@@ -66,6 +66,18 @@ bool Habitat::Misbehave(const QString &method, const QStringList &fields)
     return false;
 }
 
+bool Habitat::RefuseItem(const QString &method, const QStringList &fields)
+{
+    // "Macro" is the one item the game has; a poke or request to any other is an error, as
+    // a real game may answer it.
+    if (fields.value(1) == QLatin1String("Macro"))
+        return false;
+    Log(method, fields, QStringLiteral("refused"));
+    sendErrorReply(QStringLiteral("org.arkenfold.Habitat.Error.NoSuchItem"),
+                   QStringLiteral("The game has no item '%1'").arg(fields.value(1)));
+    return true;
+}
+
 bool Habitat::Initiate(const QString &topic)
 {
     if (Misbehave(QStringLiteral("Initiate"), {topic, QString(), QString()}))
@@ -87,14 +99,16 @@ void Habitat::Poke(const QString &topic, const QString &item, const QString &tex
 {
     if (Misbehave(QStringLiteral("Poke"), {topic, item, text}))
         return;
-    // A poke that names no item goes to "Macro", the only item there is; the log keeps
-    // the item as it came.
+    if (RefuseItem(QStringLiteral("Poke"), {topic, item, text}))
+        return;
     Log(QStringLiteral("Poke"), {topic, item, text}, QStringLiteral("ok"));
 }
 
 QString Habitat::Request(const QString &topic, const QString &item)
 {
     if (Misbehave(QStringLiteral("Request"), {topic, item, QString()}))
+        return QString();
+    if (RefuseItem(QStringLiteral("Request"), {topic, item, QString()}))
         return QString();
     Log(QStringLiteral("Request"), {topic, item, options.reply}, QStringLiteral("ok"));
     return options.reply;

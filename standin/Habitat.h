@@ -39,6 +39,8 @@ public slots:
 private:
     // Handles the told misbehaviours; true if the call is answered (or not) that way.
     bool Misbehave(const QString &method, const QStringList &fields);
+    // Refuses a poke or request to an item other than "Macro"; true when it did.
+    bool RefuseItem(const QString &method, const QStringList &fields);
     void Log(const QString &method, const QStringList &fields, const QString &outcome,
              const QString &detail = QString());
     // Looks at wisp.gen in the genetics folder: is it there, and does it decode?

@@ -233,7 +233,7 @@ void ExportTab::LayEgg()
             return;
         }
         // Written aside and renamed into place: the game never finds half a genome.
-        if (session.WriteImageFile(wisp, false) != Session::ImageWrite::Written) {
+        if (session.WriteImageFile(wisp) != Session::ImageWrite::Written) {
             const FileFault fault = FileFault::AtPath(FileFault::AccessError, wisp);
             session.ShowFault(fault.Number, fault.Description, context);
             return;

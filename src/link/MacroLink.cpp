@@ -53,17 +53,13 @@ bool MacroLink::ExecuteMacro(const QString &macro)
 bool MacroLink::PokeMacro(const QString &macro, LinkFailure &failure)
 {
     dde.setText(macro);
-    if (!transport.Poke(linkItem, dde.text(), failure))
-        return false;
-    linkItem = Item;
-    return true;
+    return transport.Poke(Item, dde.text(), failure);
 }
 
 bool MacroLink::ReadMacroResult(LinkFailure &failure)
 {
-    linkItem = Item;
     QString reply;
-    if (!transport.Request(linkItem, reply, failure))
+    if (!transport.Request(Item, reply, failure))
         return false;
     dde.setText(reply);
     session.MacroResult = dde.text();

@@ -36,8 +36,6 @@ public:
     // The topic: the program's file name without its extension, in upper case, + ".EXE".
     static QString ProgramTopic();
 
-    // The item the link holds: none until the first poke or request of the run, then "Macro".
-    QString LinkItem() const { return linkItem; }
     LinkTransport &Transport() { return transport; }
 
 private:
@@ -45,5 +43,4 @@ private:
     QLineEdit &dde;
     QLabel &status;
     LinkTransport transport;
-    QString linkItem;
 };

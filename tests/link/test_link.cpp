@@ -134,9 +134,20 @@ private slots:
         QCOMPARE(prompt.Last().text + QString::number(prompt.Last().style),
                  QStringLiteral("Results of 'dde: getb cnam' were 'Wisp\r\nline 2'64"));
         game->WaitForTerminates(2);
-        // Initiate Poke Request Terminate, twice: the link holds no item until the first poke
-        // of the run, and "Macro" from then on.
-        QCOMPARE(game->Column(2), (QStringList{"", "", "Macro", "", "", "Macro", "Macro", ""}));
+        // Initiate Poke Request Terminate, twice: every poke and request names "Macro", the
+        // first of the run too.
+        QCOMPARE(game->Column(2), (QStringList{"", "Macro", "Macro", "", "", "Macro", "Macro", ""}));
+
+        // The game knows no other item: a poke or request to one is refused, and said so.
+        LinkTransport &transport = tab().Link().Transport();
+        LinkFailure failure;
+        QVERIFY(transport.Open(QStringLiteral("Habitat|HELIXBENCH.EXE"), failure));
+        QString answer;
+        QVERIFY(!transport.Poke(QString(), QStringLiteral("dde: getb cnam"), failure));
+        QCOMPARE(failure.number, qint16(LinkFailures::Refused));
+        QVERIFY(!transport.Request(QStringLiteral("macro"), answer, failure));
+        QCOMPARE(failure.number, qint16(LinkFailures::Refused));
+        transport.Close();
 
         // An empty reply is a success.
         QVERIFY(game->Start());
