@@ -1,5 +1,4 @@
 // The genome's file commands and the two drivers between the image and the gene list.
-#include "base/FileTail.h"
 #include "core/Gene.h"
 #include "core/Session.h"
 #include "base/Text.h"
@@ -271,14 +270,12 @@ void Session::SaveGenomeAs()
     SaveGenomeFile(name);
 }
 
-Session::ImageWrite Session::WriteImageFile(const QString &path, bool keepTail, QString *errorText)
+Session::ImageWrite Session::WriteImageFile(const QString &path, QString *errorText)
 {
     // Written to a temporary file and renamed over the target: a failed save leaves the
-    // old file whole. With keepTail the write never shortens the file: the bytes of a
-    // longer old file behind the image stay.
-    QByteArray bytes(reinterpret_cast<const char *>(GenomeImage.Bytes.data()), ::GenomeImage::Size);
-    if (keepTail)
-        bytes.append(FileTailBeyond(path, bytes.size()));
+    // old file whole. The file is the image and nothing more, whatever stood there before,
+    // so that a saved genome always loads again.
+    const QByteArray bytes(reinterpret_cast<const char *>(GenomeImage.Bytes.data()), ::GenomeImage::Size);
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly))
         return ImageWrite::OpenFailed;
@@ -297,7 +294,7 @@ bool Session::SaveGenomeFile(const QString &name)
 {
     EncodeGenome();
     QString error;
-    switch (WriteImageFile(name, true, &error)) {
+    switch (WriteImageFile(name, &error)) {
     case ImageWrite::OpenFailed:
         ShowInfo(QStringLiteral("Error opening file:") + CRLF + name);
         return false;

@@ -78,9 +78,8 @@ public:
     // Encodes and writes the genome to fileName, then its captions and the lists.
     bool SaveGenomeFile(const QString &fileName);
     // Writes the image as it stands to path, aside and renamed into place, without messages.
-    // keepTail keeps the bytes of a longer old file behind the image.
     enum class ImageWrite { Written, OpenFailed, WriteFailed };
-    ImageWrite WriteImageFile(const QString &path, bool keepTail, QString *errorText = nullptr);
+    ImageWrite WriteImageFile(const QString &path, QString *errorText = nullptr);
     void NewGenome();
     void ShowGenomeName(const QString &text);
     void ShowGenomeSpace(bool reencode);
