@@ -8,36 +8,34 @@
 #include "editors/frmSVRule.h"
 #include "widgets/FormBuilder.h"
 
+#include <QBoxLayout>
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFontDatabase>
 #include <QGridLayout>
 #include <QGroupBox>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QTabWidget>
-#include <QVBoxLayout>
 
 using namespace Form;
 using G = clsBrainLobe;
 
 namespace {
 
-// Notes on the first eight lobes: how many neurones each role needs.
+// Notes on the first eight lobes: how many neurones each role needs (the sensory lobe's
+// count follows the sense names).
 QString RankNote(int rank, const Session &session)
 {
-    switch (rank) {
-    case 0: return QStringLiteral(" (ENOUGH NEUS FOR ALL PERCEPTIBLE LOBES)");
-    case 1: case 3: case 6: return QStringLiteral(" (16)");
-    case 2: case 4: case 7: return QStringLiteral(" (40)");
-    case 5: return QStringLiteral(" (") + QString::number(session.Tables.SenseNames.size() - 1) + QStringLiteral(")");
-    default: return QString();
-    }
+    static const char *const notes[8] = {" (ENOUGH NEUS FOR ALL PERCEPTIBLE LOBES)", " (16)", " (40)", " (16)",
+                                         " (40)", nullptr, " (16)", " (40)"};
+    if (rank == 5)
+        return QStringLiteral(" (") + QString::number(session.Tables.SenseNames.size() - 1) + QStringLiteral(")");
+    return rank >= 0 && rank < 8 ? QLatin1String(notes[rank]) : QString();
 }
 
 constexpr int SourceItems = 16;
@@ -56,9 +54,7 @@ frmBrainLobe::frmBrainLobe(Session &s, clsBrainLobe &lobe, QWidget *mainWin)
     SSTab1->addTab(BuildGrowthTab(1), QStringLiteral("D1 growth"));
     SSTab1->addTab(BuildDynamicsTab(1), QStringLiteral("D1 dynamics"));
 
-    auto *column = new QVBoxLayout(this);
-    column->addWidget(SSTab1, 1);
-    column->addLayout(ButtonRow());
+    Box(new QVBoxLayout(this), {{SSTab1, 1}, ButtonRow()});
     BindFields();
 }
 
@@ -119,13 +115,11 @@ QWidget *frmBrainLobe::BuildGeneralTab()
     lblInfo->setFont(bold);
 
     auto *idFrame = Frame(page, QStringLiteral("Lobe ID"));
-    auto *idRow = new QHBoxLayout(idFrame);
     txtLobeNumber = new QLineEdit(idFrame);
     txtLobeNumber->setObjectName(QStringLiteral("txtLobeNumber"));
     txtLobeNumber->setEnabled(false);
     txtLobeNumber->setMaximumWidth(txtLobeNumber->fontMetrics().horizontalAdvance(QStringLiteral("Lobe #0000")) + 16);
-    idRow->addWidget(txtLobeNumber);
-    idRow->addWidget(lblInfo, 1);
+    Box(new QHBoxLayout(idFrame), {txtLobeNumber, {lblInfo, 1}});
 
     // Width and height are tidied by their shared handler, which also counts the neurones.
     FrameGrid pos(page, QStringLiteral("Lobe Position and Size"), 4);
@@ -134,90 +128,61 @@ QWidget *frmBrainLobe::BuildGeneralTab()
     txtWidth = NumberBox(pos.frame, QStringLiteral("txtWidth"), QStringLiteral("1"));
     txtHeight = NumberBox(pos.frame, QStringLiteral("txtHeight"), QStringLiteral("1"));
     lblNum = Label(pos.frame, QStringLiteral("lblNum"), QStringLiteral("1 neurone(s)"));
-    const std::pair<const char *, QLineEdit *> cells[] = {{"X", txtX}, {"Y", txtY}, {"Width:", txtWidth}, {"Height:", txtHeight}};
-    for (int c = 0; c < 4; ++c) {
-        pos.grid->addWidget(new QLabel(QLatin1String(cells[c].first), pos.frame), c / 2, c % 2 * 2);
-        pos.grid->addWidget(cells[c].second, c / 2, c % 2 * 2 + 1);
-    }
+    pos.cells({"X", txtX, "Y", txtY});
+    pos.cells({"Width:", txtWidth, "Height:", txtHeight});
     pos.grid->addWidget(lblNum, 2, 0, 1, 5);
     connect(txtWidth, &QLineEdit::textChanged, this, &frmBrainLobe::SizeChanged);
     connect(txtHeight, &QLineEdit::textChanged, this, &frmBrainLobe::SizeChanged);
 
     auto *percFrame = Frame(page, QStringLiteral("Data copied to Perception Lobe?"));
-    auto *percRow = new QHBoxLayout(percFrame);
     auto *percGroup = new QButtonGroup(percFrame);
     const char *percCaptions[3] = {"No", "Yes", "Mutually exclusive"};
-    for (int i = 0; i < 3; ++i) {
+    for (int i = 0; i < 3; ++i)
         optPerceptible[i] = Option(percFrame, percGroup, i, Indexed("optPerceptible", i), QLatin1String(percCaptions[i]));
-        percRow->addWidget(optPerceptible[i]);
-    }
     optPerceptible[0]->setChecked(true);
-    percRow->addStretch(1);
+    Box(new QHBoxLayout(percFrame), {optPerceptible[0], optPerceptible[1], optPerceptible[2], Stretch()});
 
-    column->addWidget(idFrame);
-    auto *middle = new QHBoxLayout;
-    middle->addWidget(pos.frame, 1);
-    middle->addWidget(percFrame, 1);
-    column->addLayout(middle);
-    column->addStretch(1);
+    Box(column, {idFrame, Box(new QHBoxLayout, {{pos.frame, 1}, {percFrame, 1}}), Stretch()});
     return page;
 }
 
 QWidget *frmBrainLobe::BuildCellBodyTab()
 {
-    Session &s = session;
     auto *page = new QWidget;
-    auto *column = new QVBoxLayout(page);
-
     FrameGrid dyn(page, QStringLiteral("Cell Body Dynamics"));
-    scrThreshold = MakeSlider(s, QStringLiteral("scrThreshold"), 0, 255, 16, true, dyn.frame);
-    scrLeakage = new TimeSlider(s, QStringLiteral("scrLeakage"), dyn.frame);
-    scrRestState = MakeSlider(s, QStringLiteral("scrRestState"), 0, 255, 16, true, dyn.frame);
-    scrAttenuation = MakeSlider(s, QStringLiteral("scrAttenuation"), 0, 255, 16, true, dyn.frame);
-    dyn.row(QStringLiteral("Nominal Threshold"), scrThreshold);
-    dyn.row(QStringLiteral("Leakage rate"), scrLeakage);
-    dyn.row(QStringLiteral("Rest State"), scrRestState);
-    dyn.row(QStringLiteral("Input gain lo-hi"), scrAttenuation);
+    dyn.row(QStringLiteral("Nominal Threshold"),
+            scrThreshold = MakeSlider(session, QStringLiteral("scrThreshold"), 0, 255, 16, true, dyn.frame));
+    dyn.row(QStringLiteral("Leakage rate"), scrLeakage = new TimeSlider(session, QStringLiteral("scrLeakage"), dyn.frame));
+    dyn.row(QStringLiteral("Rest State"),
+            scrRestState = MakeSlider(session, QStringLiteral("scrRestState"), 0, 255, 16, true, dyn.frame));
+    dyn.row(QStringLiteral("Input gain lo-hi"),
+            scrAttenuation = MakeSlider(session, QStringLiteral("scrAttenuation"), 0, 255, 16, true, dyn.frame));
 
     chkFlags[0] = Check(page, Indexed("chkFlags", 0), QStringLiteral("Winner Takes All (WTA)"));
     auto *flagFrame = Frame(page, QStringLiteral("Un-used Flags"));
-    auto *flagRow = new QHBoxLayout(flagFrame);
-    for (int i = 1; i < 4; ++i) {
+    for (int i = 1; i < 4; ++i)
         chkFlags[i] = Check(flagFrame, Indexed("chkFlags", i), QStringLiteral("Flag %1").arg(i + 1));
-        flagRow->addWidget(chkFlags[i]);
-    }
-    flagRow->addStretch(1);
+    Box(new QHBoxLayout(flagFrame), {chkFlags[1], chkFlags[2], chkFlags[3], Stretch()});
 
     auto *ruleFrame = Frame(page, QStringLiteral("Neurone State Rule"));
-    auto *ruleRow = new QHBoxLayout(ruleFrame);
     btnStateRule = RuleButton(QStringLiteral("btnStateRule"), QStringLiteral("&State Rule..."), lblStateRule,
                               QStringLiteral("lblStateRule"), [](G &g) -> ::StateRule & { return g.StateRule; });
-    ruleRow->addWidget(btnStateRule);
-    ruleRow->addWidget(lblStateRule, 1);
+    Box(new QHBoxLayout(ruleFrame), {btnStateRule, {lblStateRule, 1}});
 
-    column->addWidget(dyn.frame);
-    auto *flags = new QHBoxLayout;
-    flags->addWidget(chkFlags[0]);
-    flags->addWidget(flagFrame, 1);
-    column->addLayout(flags);
-    column->addWidget(ruleFrame);
-    column->addStretch(1);
+    Box(new QVBoxLayout(page),
+        {dyn.frame, Box(new QHBoxLayout, {chkFlags[0], {flagFrame, 1}}), ruleFrame, Stretch()});
     return page;
 }
 
 QWidget *frmBrainLobe::BuildGrowthTab(int i)
 {
-    Session &s = session;
     auto *page = new QWidget;
-    auto *grid = new QGridLayout(page);
-
     auto *sourceFrame = Frame(page, QStringLiteral("Source Lobe"));
-    auto *sourceRow = new QHBoxLayout(sourceFrame);
     lstSource[i] = Combo(sourceFrame, Indexed("lstSource", i));
     lstSource[i]->setMaxVisibleItems(SourceItems);
     lstSource[i]->setMinimumContentsLength(20);
     lstSource[i]->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    sourceRow->addWidget(lstSource[i], 1);
+    Box(new QHBoxLayout(sourceFrame), {{lstSource[i], 1}});
 
     FrameGrid den(page, QStringLiteral("Dendrite Properties"), 2);
     txtMin[i] = ByteBox(den.frame, Indexed("txtMin", i), QStringLiteral("0"));
@@ -232,30 +197,25 @@ QWidget *frmBrainLobe::BuildGrowthTab(int i)
 
     // The four range ends have no read-out of their own: LinkSliders shows it after the drag.
     FrameGrid att(page, QStringLiteral("Initial Attachment"));
-    scrFanWidth[i] = MakeSlider(s, Indexed("scrFanWidth", i), 0, 8, 2, true, att.frame);
-    scrInitialLTWMin[i] = MakeSlider(s, Indexed("scrInitialLTWMin", i), 0, 255, 16, false, att.frame);
-    scrInitialLTWMax[i] = MakeSlider(s, Indexed("scrInitialLTWMax", i), 0, 255, 16, false, att.frame);
-    scrInitialStrengthMin[i] = MakeSlider(s, Indexed("scrInitialStrengthMin", i), 0, 255, 16, false, att.frame);
-    scrInitialStrengthMax[i] = MakeSlider(s, Indexed("scrInitialStrengthMax", i), 0, 255, 16, false, att.frame);
-    att.row(QStringLiteral("Fanout"), scrFanWidth[i]);
-    att.row(QStringLiteral("Min LTW"), scrInitialLTWMin[i]);
-    att.row(QStringLiteral("Max LTW"), scrInitialLTWMax[i]);
-    att.row(QStringLiteral("Min. Strength"), scrInitialStrengthMin[i]);
-    att.row(QStringLiteral("Max. Strength"), scrInitialStrengthMax[i]);
+    att.row(QStringLiteral("Fanout"), scrFanWidth[i] = MakeSlider(session, Indexed("scrFanWidth", i), 0, 8, 2, true, att.frame));
+    const char *ends[4][2] = {{"scrInitialLTWMin", "Min LTW"}, {"scrInitialLTWMax", "Max LTW"},
+                              {"scrInitialStrengthMin", "Min. Strength"}, {"scrInitialStrengthMax", "Max. Strength"}};
+    QScrollBar **bars[4] = {scrInitialLTWMin, scrInitialLTWMax, scrInitialStrengthMin, scrInitialStrengthMax};
+    for (int k = 0; k < 4; ++k)
+        att.row(QLatin1String(ends[k][1]), bars[k][i] = MakeSlider(session, Indexed(ends[k][0], i), 0, 255, 16, false, att.frame));
     LinkSliders(scrInitialLTWMin[i], scrInitialLTWMax[i]);
     LinkSliders(scrInitialStrengthMin[i], scrInitialStrengthMax[i]);
 
     auto *migFrame = Frame(page, QStringLiteral("Migration Rules"));
-    auto *migColumn = new QVBoxLayout(migFrame);
     auto *migGroup = new QButtonGroup(migFrame);
     optMig0[i] = Option(migFrame, migGroup, 0, Indexed("optMig0", i), QStringLiteral("Dendrites do not migrate"));
     optMig1[i] = Option(migFrame, migGroup, 1, Indexed("optMig1", i),
                         QStringLiteral("Migrate if ANY dendrite is loose and this cell is firing"));
     optMig2[i] = Option(migFrame, migGroup, 2, Indexed("optMig2", i), QStringLiteral("Migrate when ALL dens are loose"));
     optMig0[i]->setChecked(true);
-    for (QRadioButton *o : {optMig0[i], optMig1[i], optMig2[i]})
-        migColumn->addWidget(o);
+    Box(new QVBoxLayout(migFrame), {optMig0[i], optMig1[i], optMig2[i]});
 
+    auto *grid = new QGridLayout(page);
     grid->addWidget(sourceFrame, 0, 0);
     grid->addWidget(den.frame, 1, 0);
     grid->addWidget(att.frame, 0, 1, 2, 1);
@@ -267,60 +227,43 @@ QWidget *frmBrainLobe::BuildGrowthTab(int i)
 
 QWidget *frmBrainLobe::BuildDynamicsTab(int i)
 {
-    Session &s = session;
     auto *page = new QWidget;
-    auto *column = new QVBoxLayout(page);
-
     FrameGrid atr(page, QStringLiteral("Atrophy and Consolidation"), 2);
-    scrRelaxSus[i] = new TimeSlider(s, Indexed("scrRelaxSus", i), atr.frame);
-    scrRelaxSTW[i] = new TimeSlider(s, Indexed("scrRelaxSTW", i), atr.frame);
+    scrRelaxSus[i] = new TimeSlider(session, Indexed("scrRelaxSus", i), atr.frame);
+    scrRelaxSTW[i] = new TimeSlider(session, Indexed("scrRelaxSTW", i), atr.frame);
     chkLTWRate[i] = Check(atr.frame, Indexed("chkLTWRate", i), QStringLiteral("LTW gain rate"));
     chkLTWRate[i]->setChecked(true);
-    scrLTWRate[i] = MakeReversedSlider(s, Indexed("scrLTWRate", i), 1, 255, 16, true, atr.frame);
-    atr.grid->addWidget(new QLabel(QStringLiteral("Relax Susceptibility"), atr.frame), 0, 0);
-    atr.grid->addWidget(new QLabel(QStringLiteral("Slow"), atr.frame), 0, 1);
-    atr.grid->addWidget(scrRelaxSus[i], 0, 2);
-    atr.grid->addWidget(new QLabel(QStringLiteral("Fast"), atr.frame), 0, 3);
-    atr.grid->addWidget(new QLabel(QStringLiteral("Relax STW"), atr.frame), 1, 0);
-    atr.grid->addWidget(scrRelaxSTW[i], 1, 2);
-    atr.grid->addWidget(chkLTWRate[i], 2, 0);
-    atr.grid->addWidget(scrLTWRate[i], 2, 2);
+    scrLTWRate[i] = MakeReversedSlider(session, Indexed("scrLTWRate", i), 1, 255, 16, true, atr.frame);
+    atr.cells({"Relax Susceptibility", "Slow", scrRelaxSus[i], "Fast"});
+    atr.cells({"Relax STW", nullptr, scrRelaxSTW[i]});
+    atr.cells({chkLTWRate[i], nullptr, scrLTWRate[i]});
 
     // Gain and lose: a rate box and slider, then the rule button and its label with " >0".
     FrameGrid str(page, QStringLiteral("Strength Adjustment"));
-    struct Strength { const char *box, *caption, *slider, *button, *label; QCheckBox *&chk; QScrollBar *&scr;
-                      QPushButton *&btn; QLabel *&lbl; RuleOf rule; };
-    const Strength rows[2] = {
-        {"chkGainStrength", "Gain every", "scrGainStrength", "btnGainStrengthRule", "lblGainStrengthRule",
-         chkGainStrength[i], scrGainStrength[i], btnGainStrengthRule[i], lblGainStrengthRule[i],
-         [i](G &g) -> ::StateRule & { return g.GainRule(i); }},
-        {"chkLoseStrength", "Lose every", "scrLoseStrength", "btnLoseStrengthRule", "lblLoseStrengthRule",
-         chkLoseStrength[i], scrLoseStrength[i], btnLoseStrengthRule[i], lblLoseStrengthRule[i],
-         [i](G &g) -> ::StateRule & { return g.LoseRule(i); }}};
     for (int r = 0; r < 2; ++r) {
-        const Strength &k = rows[r];
-        k.chk = Check(str.frame, Indexed(k.box, i), QLatin1String(k.caption));
-        k.chk->setChecked(true);
-        k.scr = MakeSlider(s, Indexed(k.slider, i), 1, 255, 16, true, str.frame);
-        k.btn = RuleButton(Indexed(k.button, i), QStringLiteral("If..."), k.lbl, Indexed(k.label, i), k.rule);
-        str.grid->addWidget(k.chk, 2 * r, 0);
-        str.grid->addWidget(k.scr, 2 * r, 1);
-        str.grid->addWidget(k.btn, 2 * r + 1, 0, Qt::AlignRight);
-        str.grid->addWidget(k.lbl, 2 * r + 1, 1);
-        str.grid->addWidget(new QLabel(QStringLiteral(" >0"), str.frame), 2 * r + 1, 2);
+        const QString stem = QLatin1String(r ? "LoseStrength" : "GainStrength");
+        QCheckBox *&box = (r ? chkLoseStrength : chkGainStrength)[i];
+        QScrollBar *&slider = (r ? scrLoseStrength : scrGainStrength)[i];
+        QLabel *&label = (r ? lblLoseStrengthRule : lblGainStrengthRule)[i];
+        box = Check(str.frame, Indexed("chk" + stem, i), QLatin1String(r ? "Lose every" : "Gain every"));
+        box->setChecked(true);
+        slider = MakeSlider(session, Indexed("scr" + stem, i), 1, 255, 16, true, str.frame);
+        QPushButton *button = (r ? btnLoseStrengthRule : btnGainStrengthRule)[i] =
+            RuleButton(Indexed("btn" + stem + "Rule", i), QStringLiteral("If..."), label, Indexed("lbl" + stem + "Rule", i),
+                       [i, r](G &g) -> ::StateRule & { return r ? g.LoseRule(i) : g.GainRule(i); });
+        str.cells({box, slider});
+        str.cells({Cell(button, Qt::AlignRight), label, " >0"});
     }
 
+    // The inner tabs: two pages of two rule buttons, each with its label beside it.
     auto *inner = new QTabWidget(page);
     inner->setObjectName(i == 0 ? QStringLiteral("SSTab2") : QStringLiteral("SSTab3"));
     (i == 0 ? SSTab2 : SSTab3) = inner;
-    // Two inner pages of two rule buttons, each with its label beside it.
-    auto rulePage = [&](QPushButton *top, QLabel *topLabel, QPushButton *bottom, QLabel *bottomLabel) {
+    auto rulePage = [](QPushButton *top, QLabel *topLabel, QPushButton *bottom, QLabel *bottomLabel) {
         auto *p = new QWidget;
         auto *g = new QGridLayout(p);
-        g->addWidget(top, 0, 0);
-        g->addWidget(topLabel, 0, 1);
-        g->addWidget(bottom, 1, 0);
-        g->addWidget(bottomLabel, 1, 1);
+        Cells(g, p, 0, {top, topLabel});
+        Cells(g, p, 1, {bottom, bottomLabel});
         g->setColumnStretch(1, 1);
         g->setRowStretch(2, 1);
         return p;
@@ -338,23 +281,16 @@ QWidget *frmBrainLobe::BuildDynamicsTab(int i)
                               Indexed("lblFPRule", i), [i](G &g) -> ::StateRule & { return g.FPRule(i); });
     inner->addTab(rulePage(btnBPRule[i], lblBPRule[i], btnFPFule[i], lblFPRule[i]), QStringLiteral("BP/FP"));
 
-    column->addWidget(atr.frame);
-    column->addWidget(str.frame);
-    column->addWidget(inner, 1);
+    Box(new QVBoxLayout(page), {atr.frame, str.frame, {inner, 1}});
     return page;
 }
 
 QPushButton *frmBrainLobe::RuleButton(const QString &name, const QString &caption, QLabel *&label,
                                       const QString &labelName, RuleOf rule)
 {
-    label = Label(this, labelName, QStringLiteral("None"));
-    label->setFrameShape(QFrame::StyledPanel);
-    label->setFrameShadow(QFrame::Sunken);
-    label->setWordWrap(true);
+    label = PanelLabel(this, labelName, QStringLiteral("None"));
     label->setMinimumWidth(Placement::TwipsToPixels(3900, this));
-    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     rules.insert(label, rule);
-
     auto *button = NamedButton(this, name, caption);
     connect(button, &QPushButton::clicked, this, [this, label, rule] {
         G *lobe = Kind();
@@ -376,28 +312,25 @@ void frmBrainLobe::ShowRule(QLabel *label)
 
 void frmBrainLobe::LinkSliders(QScrollBar *minimum, QScrollBar *maximum)
 {
-    // The two ends of a range of the same dendrite type: either drags the other along, and
-    // the read-out follows the drag.
-    connect(minimum, &QScrollBar::valueChanged, this, [this, minimum, maximum](int v) {
-        if (v > maximum->value())
-            maximum->setValue(v);
-        ShowSlider(session, minimum->value());
-    });
-    connect(maximum, &QScrollBar::valueChanged, this, [this, minimum, maximum](int v) {
-        if (v < minimum->value())
-            minimum->setValue(v);
-        ShowSlider(session, maximum->value());
-    });
+    // The two ends of a range of the same dendrite type: either drags the other along past
+    // it, and the read-out follows the drag.
+    for (bool up : {true, false}) {
+        QScrollBar *moved = up ? minimum : maximum, *other = up ? maximum : minimum;
+        connect(moved, &QScrollBar::valueChanged, this, [this, moved, other, up](int v) {
+            if (up ? v > other->value() : v < other->value())
+                other->setValue(v);
+            ShowSlider(session, moved->value());
+        });
+    }
 }
 
 void frmBrainLobe::SizeChanged()
 {
-    const QString w = ClampByteText(txtWidth->text());
-    if (w != txtWidth->text())
-        txtWidth->setText(w);
-    const QString h = ClampByteText(txtHeight->text());
-    if (h != txtHeight->text())
-        txtHeight->setText(h);
+    for (QLineEdit *box : {txtWidth, txtHeight}) {
+        const QString tidy = ClampByteText(box->text());
+        if (tidy != box->text())
+            box->setText(tidy);
+    }
     // No upper limit here: 255 by 255 shows 65025.
     lblNum->setText(Text::Str(ByteBoxValue(txtWidth) * ByteBoxValue(txtHeight)) + QStringLiteral(" neurone(s)"));
 }

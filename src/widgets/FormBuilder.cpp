@@ -2,6 +2,7 @@
 
 #include "core/Gene.h"
 
+#include <QBoxLayout>
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
@@ -15,6 +16,8 @@
 namespace Form {
 
 QString Indexed(const char *name, int i) { return QLatin1String(name) + QLatin1Char('_') + QString::number(i); }
+
+QString Indexed(const QString &name, int i) { return name + QLatin1Char('_') + QString::number(i); }
 
 QPushButton *NamedButton(QWidget *parent, const QString &name, const QString &caption)
 {
@@ -80,6 +83,41 @@ QLabel *Label(QWidget *parent, const QString &name, const QString &caption)
     return l;
 }
 
+void Cells(QGridLayout *grid, QWidget *owner, int row, std::initializer_list<Cell> cells)
+{
+    int column = 0;
+    for (const Cell &c : cells) {
+        if (c.control)
+            grid->addWidget(c.control, row, column, c.alignment);
+        else if (!c.caption.isEmpty())
+            grid->addWidget(new QLabel(c.caption, owner), row, column);
+        ++column;
+    }
+}
+
+QBoxLayout *Box(QBoxLayout *layout, std::initializer_list<Item> items)
+{
+    for (const Item &i : items) {
+        if (i.control)
+            layout->addWidget(i.control, i.stretch);
+        else if (i.layout)
+            layout->addLayout(i.layout, i.stretch);
+        else
+            layout->addStretch(i.stretch);
+    }
+    return layout;
+}
+
+QLabel *PanelLabel(QWidget *parent, const QString &name, const QString &caption)
+{
+    QLabel *l = Label(parent, name, caption);
+    l->setFrameShape(QFrame::StyledPanel);
+    l->setFrameShadow(QFrame::Sunken);
+    l->setWordWrap(true);
+    l->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    return l;
+}
+
 QGroupBox *Frame(QWidget *parent, const QString &caption) { return new QGroupBox(caption, parent); }
 
 FrameGrid::FrameGrid(QWidget *parent, const QString &caption, int stretchColumn)
@@ -97,5 +135,7 @@ QLabel *FrameGrid::row(const QString &caption, QWidget *control, int columns)
     ++next;
     return label;
 }
+
+void FrameGrid::cells(std::initializer_list<Cell> cells) { Cells(grid, frame, next++, cells); }
 
 } // namespace Form

@@ -3,13 +3,19 @@
 // boxes, options in a group, and frames whose rows put a caption beside a control. Every
 // control they make carries its name as its object name, so that tests and the help find it.
 #include <QString>
+#include <Qt>
 
+#include <cstddef>
+#include <initializer_list>
+
+class QBoxLayout;
 class QButtonGroup;
 class QCheckBox;
 class QComboBox;
 class QGridLayout;
 class QGroupBox;
 class QLabel;
+class QLayout;
 class QLineEdit;
 class QPushButton;
 class QRadioButton;
@@ -19,6 +25,7 @@ namespace Form {
 
 // The name of member i of a control array: Indexed("lstSource", 1) is "lstSource_1".
 QString Indexed(const char *name, int i);
+QString Indexed(const QString &name, int i);
 
 // A push button that never becomes the default button, so Enter in a text box does not press it.
 QPushButton *NamedButton(QWidget *parent, const QString &name, const QString &caption);
@@ -37,6 +44,36 @@ QRadioButton *Option(QWidget *parent, QButtonGroup *group, int id, const QString
 QComboBox *Combo(QWidget *parent, const QString &name);
 QLabel *Label(QWidget *parent, const QString &name, const QString &caption);
 
+// One cell of a grid row: a control, a caption (a plain label is made for it), or nothing.
+struct Cell
+{
+    Cell(QWidget *control, Qt::Alignment alignment = {}) : control(control), alignment(alignment) {}
+    Cell(const char *caption) : caption(QString::fromLatin1(caption)) {}
+    Cell(std::nullptr_t) {}
+    QWidget *control = nullptr;
+    QString caption;
+    Qt::Alignment alignment;
+};
+// Puts the cells into the columns 0, 1, 2, ... of one row of the grid; captions become labels
+// of owner. Nothing leaves its column empty.
+void Cells(QGridLayout *grid, QWidget *owner, int row, std::initializer_list<Cell> cells);
+
+// One entry of a box layout: a control or a nested layout with its stretch factor, or stretch.
+struct Item
+{
+    Item(QWidget *control, int stretch = 0) : control(control), stretch(stretch) {}
+    Item(QLayout *layout, int stretch = 0) : layout(layout), stretch(stretch) {}
+    QWidget *control = nullptr;
+    QLayout *layout = nullptr;
+    int stretch = 0;
+};
+inline Item Stretch(int stretch = 1) { return Item(static_cast<QWidget *>(nullptr), stretch); }
+// Adds the items to the layout in order and gives the layout back.
+QBoxLayout *Box(QBoxLayout *layout, std::initializer_list<Item> items);
+
+// A caption that shows a value: a sunken panel whose text wraps and can be selected.
+QLabel *PanelLabel(QWidget *parent, const QString &name, const QString &caption);
+
 // A frame with a caption (a group box).
 QGroupBox *Frame(QWidget *parent, const QString &caption);
 
@@ -51,9 +88,8 @@ public:
 
     // columns is how many columns the control takes; -1 takes the rest of the row.
     QLabel *row(const QString &caption, QWidget *control, int columns = -1);
-    // Moves on to a given row (for grids that place some cells by hand).
-    void skipTo(int row) { next = row; }
-    int nextRow() const { return next; }
+    // A row of cells (see Cells) at the next row.
+    void cells(std::initializer_list<Cell> cells);
 
     QGroupBox *const frame;
     QGridLayout *const grid;
