@@ -248,11 +248,15 @@ QWidget *frmBrainLobe::BuildDynamicsTab(int i)
         box = Check(str.frame, Indexed("chk" + stem, i), QLatin1String(r ? "Lose every" : "Gain every"));
         box->setChecked(true);
         slider = MakeSlider(session, Indexed("scr" + stem, i), 1, 255, 16, true, str.frame);
-        QPushButton *button = (r ? btnLoseStrengthRule : btnGainStrengthRule)[i] =
+        (r ? btnLoseStrengthRule : btnGainStrengthRule)[i] =
             RuleButton(Indexed("btn" + stem + "Rule", i), QStringLiteral("If..."), label, Indexed("lbl" + stem + "Rule", i),
                        [i, r](G &g) -> ::StateRule & { return r ? g.LoseRule(i) : g.GainRule(i); });
-        str.cells({box, slider});
-        str.cells({Cell(button, Qt::AlignRight), label, " >0"});
+    }
+    // Laid out once both rows exist, so that Tab visits the rule buttons after both rates.
+    for (int r = 0; r < 2; ++r) {
+        str.cells({(r ? chkLoseStrength : chkGainStrength)[i], (r ? scrLoseStrength : scrGainStrength)[i]});
+        str.cells({Cell((r ? btnLoseStrengthRule : btnGainStrengthRule)[i], Qt::AlignRight),
+                   (r ? lblLoseStrengthRule : lblGainStrengthRule)[i], " >0"});
     }
 
     // The inner tabs: two pages of two rule buttons, each with its label beside it.
