@@ -4,6 +4,7 @@
 #include "core/Gene.h"
 #include "core/Session.h"
 #include "base/Text.h"
+#include "widgets/FormBuilder.h"
 
 #include <QLineEdit>
 #include <QSignalBlocker>
@@ -104,15 +105,7 @@ void TimeSlider::SetStoredValue(int byte) { setValue(PositionOf(byte)); }
 
 // --- number boxes -------------------------------------------------------------------------
 
-void MakeByteBox(QLineEdit *box)
-{
-    box->setMaxLength(4);
-    QObject::connect(box, &QLineEdit::textChanged, box, [box](const QString &text) {
-        const QString tidy = ClampByteText(text);
-        if (tidy != text)
-            box->setText(tidy);
-    });
-}
+void MakeByteBox(QLineEdit *box) { Form::TidyAsByte(box); }
 
 int ByteBoxValue(const QLineEdit *box)
 {

@@ -7,6 +7,7 @@
 #include "base/Text.h"
 #include "editors/GeneHeaderPanel.h"
 #include "editors/GeneNotesForm.h"
+#include "widgets/FormBuilder.h"
 
 #include <QCheckBox>
 #include <QCloseEvent>
@@ -24,15 +25,6 @@ namespace {
 // Mutability flag bits and the header controls that show them.
 constexpr quint8 BitMutable = 1, BitDuplicable = 2, BitRemovable = 4, BitMale = 8, BitFemale = 16, BitIgnore = 32;
 
-QPushButton *StandardButton(QWidget *parent, const char *name, const QString &caption)
-{
-    auto *b = new QPushButton(caption, parent);
-    b->setObjectName(QLatin1String(name));
-    // Enter in a number box must not close the editor.
-    b->setAutoDefault(false);
-    b->setDefault(false);
-    return b;
-}
 } // namespace
 
 GeneEditor::GeneEditor(Session &s, Gene &g, QWidget *mainWin, const QString &dialogName, int helpContext,
@@ -45,9 +37,9 @@ GeneEditor::GeneEditor(Session &s, Gene &g, QWidget *mainWin, const QString &dia
     setSizeGripEnabled(true);
 
     Header = new GeneHeaderPanel(withOrganLabel, this);
-    btnOk = StandardButton(this, "btnOk", QStringLiteral("&Close"));
-    btnCancel = StandardButton(this, "btnCancel", QStringLiteral("C&ancel"));
-    btnNotes = StandardButton(this, "btnNotes", QStringLiteral("&Notes"));
+    btnOk = Form::NamedButton(this, QStringLiteral("btnOk"), QStringLiteral("&Close"));
+    btnCancel = Form::NamedButton(this, QStringLiteral("btnCancel"), QStringLiteral("C&ancel"));
+    btnNotes = Form::NamedButton(this, QStringLiteral("btnNotes"), QStringLiteral("&Notes"));
     btnOk->setToolTip(QStringLiteral("Close the editor and keep the changes"));
     btnCancel->setToolTip(QStringLiteral("Close the editor and drop the changes"));
     btnNotes->setToolTip(QStringLiteral("Edit the detailed notes of this gene"));

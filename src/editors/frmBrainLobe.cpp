@@ -7,74 +7,36 @@
 #include "editors/EditorCommon.h"
 #include "editors/GeneHeaderPanel.h"
 #include "editors/frmSVRule.h"
+#include "widgets/FormBuilder.h"
 
+#include <QBoxLayout>
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFontDatabase>
 #include <QGridLayout>
 #include <QGroupBox>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QTabWidget>
-#include <QVBoxLayout>
 
-#include <tuple>
+using namespace Form;
+using G = clsBrainLobe;
 
 namespace {
 
-QString Indexed(const char *name, int i) { return QLatin1String(name) + QLatin1Char('_') + QString::number(i); }
-
-QGroupBox *Frame(const QString &caption, QWidget *parent)
-{
-    auto *box = new QGroupBox(caption, parent);
-    return box;
-}
-
-QLineEdit *NumberBox(const QString &name, const QString &text, QWidget *parent)
-{
-    auto *box = new QLineEdit(text, parent);
-    box->setObjectName(name);
-    box->setMaxLength(4);
-    box->setMaximumWidth(box->fontMetrics().horizontalAdvance(QStringLiteral("000000")) + 12);
-    return box;
-}
-
-QRadioButton *Option(const QString &name, const QString &caption, QWidget *parent, QButtonGroup *group, int id)
-{
-    auto *o = new QRadioButton(caption, parent);
-    o->setObjectName(name);
-    group->addButton(o, id);
-    return o;
-}
-
-// A caption in the first column of a grid, the control beside it.
-void AddRow(QGridLayout *grid, int row, const QString &caption, QWidget *control, QWidget *parent)
-{
-    auto *label = new QLabel(caption, parent);
-    label->setBuddy(control);
-    grid->addWidget(label, row, 0);
-    grid->addWidget(control, row, 1, 1, -1);
-}
-
-// Notes on the first eight lobes: how many neurones each role needs.
+// Notes on the first eight lobes: how many neurones each role needs (the sensory lobe's
+// count follows the sense names).
 QString RankNote(int rank, const Session &session)
 {
-    switch (rank) {
-    case 0: return QStringLiteral(" (ENOUGH NEUS FOR ALL PERCEPTIBLE LOBES)");
-    case 1: return QStringLiteral(" (16)");
-    case 2: return QStringLiteral(" (40)");
-    case 3: return QStringLiteral(" (16)");
-    case 4: return QStringLiteral(" (40)");
-    case 5: return QStringLiteral(" (") + QString::number(session.Tables.SenseNames.size() - 1) + QStringLiteral(")");
-    case 6: return QStringLiteral(" (16)");
-    case 7: return QStringLiteral(" (40)");
-    default: return QString();
-    }
+    static const char *const notes[8] = {" (ENOUGH NEUS FOR ALL PERCEPTIBLE LOBES)", " (16)", " (40)", " (16)",
+                                         " (40)", nullptr, " (16)", " (40)"};
+    if (rank == 5)
+        return QStringLiteral(" (") + QString::number(session.Tables.SenseNames.size() - 1) + QStringLiteral(")");
+    return rank >= 0 && rank < 8 ? QLatin1String(notes[rank]) : QString();
 }
 
 constexpr int SourceItems = 16;
@@ -82,7 +44,7 @@ constexpr int SourceItems = 16;
 } // namespace
 
 frmBrainLobe::frmBrainLobe(Session &s, clsBrainLobe &lobe, QWidget *mainWin)
-    : GeneEditor(s, lobe, mainWin, QStringLiteral("frmBrainLobe"), HelpBrainLobe)
+    : KindEditor(s, lobe, mainWin, QStringLiteral("frmBrainLobe"), HelpBrainLobe)
 {
     SSTab1 = new QTabWidget(this);
     SSTab1->setObjectName(QStringLiteral("SSTab1"));
@@ -93,14 +55,49 @@ frmBrainLobe::frmBrainLobe(Session &s, clsBrainLobe &lobe, QWidget *mainWin)
     SSTab1->addTab(BuildGrowthTab(1), QStringLiteral("D1 growth"));
     SSTab1->addTab(BuildDynamicsTab(1), QStringLiteral("D1 dynamics"));
 
-    auto *column = new QVBoxLayout(this);
-    column->addWidget(SSTab1, 1);
-    column->addLayout(ButtonRow());
+    Box(new QVBoxLayout(this), {{SSTab1, 1}, ButtonRow()});
+    BindFields();
 }
 
-clsBrainLobe *frmBrainLobe::Lobe() const
+// Every field, in the order the controls are filled. The order matters where controls move
+// one another: the attachment sliders drag their partners, and a rate box's own event
+// enables its rule button.
+void frmBrainLobe::BindFields()
 {
-    return static_cast<clsBrainLobe *>(Owner ? Owner : EditedGene());
+    Bind.Number(txtX, Of(&G::x));
+    Bind.Number(txtY, Of(&G::y));
+    Bind.Number(txtWidth, Of(&G::Width));
+    Bind.Number(txtHeight, Of(&G::Height));
+    Bind.Options({optPerceptible[0], optPerceptible[1], optPerceptible[2]}, Of(&G::Perceptible));
+    Bind.Slider(scrThreshold, Of(&G::Threshold));
+    Bind.Slider(scrRestState, Of(&G::RestState));
+    Bind.Slider(scrAttenuation, Of(&G::Attenuation));
+    Bind.Time(scrLeakage, Of(&G::Leakage));
+    Bind.Step([this] { ShowRule(lblStateRule); });
+    Bind.Bits(Of(&G::Flags), {{chkFlags[0], 1}, {chkFlags[1], 2}, {chkFlags[2], 4}, {chkFlags[3], 8}});
+    for (int i = 0; i < 2; ++i) {
+        Bind.Combo(lstSource[i], Of(&G::Source, i), ComboMap::Modulo());
+        Bind.Number(txtMin[i], Of(&G::min, i));
+        Bind.Number(txtMax[i], Of(&G::max, i));
+        Bind.Combo(lstSpread[i], Of(&G::Spread, i), ComboMap::Modulo());
+        Bind.Slider(scrFanWidth[i], Of(&G::FanWidth, i));
+        Bind.Slider(scrInitialLTWMin[i], Of(&G::InitialLTWMin, i));
+        Bind.Slider(scrInitialLTWMax[i], Of(&G::InitialLTWMax, i));
+        Bind.Slider(scrInitialStrengthMin[i], Of(&G::InitialStrengthMin, i));
+        Bind.Slider(scrInitialStrengthMax[i], Of(&G::InitialStrengthMax, i));
+        Bind.Options({optMig0[i], optMig1[i], optMig2[i]}, Of(&G::Migration, i), 0);
+        Bind.Time(scrRelaxSus[i], Of(&G::RelaxSus, i));
+        Bind.Time(scrRelaxSTW[i], Of(&G::RelaxSTW, i));
+        Bind.Rate(chkLTWRate[i], scrLTWRate[i], Of(&G::LTWRate, i));
+        Bind.Rate(chkGainStrength[i], scrGainStrength[i], Of(&G::GainStrength, i),
+                  {btnGainStrengthRule[i], lblGainStrengthRule[i]});
+        Bind.Rate(chkLoseStrength[i], scrLoseStrength[i], Of(&G::LoseStrength, i),
+                  {btnLoseStrengthRule[i], lblLoseStrengthRule[i]});
+        Bind.Step([this, i] {
+            for (QLabel *l : {lblGainStrengthRule[i], lblLoseStrengthRule[i], lblSusRule[i], lblReinforceRule[i]})
+                ShowRule(l);
+        });
+    }
 }
 
 // --- building the tabs -------------------------------------------------------------------------
@@ -112,177 +109,117 @@ QWidget *frmBrainLobe::BuildGeneralTab()
     Header->setParent(page);
     column->addWidget(Header);
 
-    lblInfo = new QLabel(QStringLiteral("Interneurone lobe."), page);
-    lblInfo->setObjectName(QStringLiteral("lblInfo"));
+    lblInfo = Label(page, QStringLiteral("lblInfo"), QStringLiteral("Interneurone lobe."));
     lblInfo->setWordWrap(true);
     QFont bold = lblInfo->font();
     bold.setBold(true);
     lblInfo->setFont(bold);
 
-    auto *idFrame = Frame(QStringLiteral("Lobe ID"), page);
-    auto *idRow = new QHBoxLayout(idFrame);
+    auto *idFrame = Frame(page, QStringLiteral("Lobe ID"));
     txtLobeNumber = new QLineEdit(idFrame);
     txtLobeNumber->setObjectName(QStringLiteral("txtLobeNumber"));
     txtLobeNumber->setEnabled(false);
     txtLobeNumber->setMaximumWidth(txtLobeNumber->fontMetrics().horizontalAdvance(QStringLiteral("Lobe #0000")) + 16);
-    idRow->addWidget(txtLobeNumber);
-    idRow->addWidget(lblInfo, 1);
+    Box(new QHBoxLayout(idFrame), {txtLobeNumber, {lblInfo, 1}});
 
-    auto *posFrame = Frame(QStringLiteral("Lobe Position and Size"), page);
-    auto *posGrid = new QGridLayout(posFrame);
-    txtX = NumberBox(QStringLiteral("txtX"), QStringLiteral("0"), posFrame);
-    txtY = NumberBox(QStringLiteral("txtY"), QStringLiteral("0"), posFrame);
-    txtWidth = NumberBox(QStringLiteral("txtWidth"), QStringLiteral("1"), posFrame);
-    txtHeight = NumberBox(QStringLiteral("txtHeight"), QStringLiteral("1"), posFrame);
-    MakeByteBox(txtX);
-    MakeByteBox(txtY);
-    lblNum = new QLabel(QStringLiteral("1 neurone(s)"), posFrame);
-    lblNum->setObjectName(QStringLiteral("lblNum"));
-    posGrid->addWidget(new QLabel(QStringLiteral("X"), posFrame), 0, 0);
-    posGrid->addWidget(txtX, 0, 1);
-    posGrid->addWidget(new QLabel(QStringLiteral("Y"), posFrame), 0, 2);
-    posGrid->addWidget(txtY, 0, 3);
-    posGrid->addWidget(new QLabel(QStringLiteral("Width:"), posFrame), 1, 0);
-    posGrid->addWidget(txtWidth, 1, 1);
-    posGrid->addWidget(new QLabel(QStringLiteral("Height:"), posFrame), 1, 2);
-    posGrid->addWidget(txtHeight, 1, 3);
-    posGrid->addWidget(lblNum, 2, 0, 1, 5);
-    posGrid->setColumnStretch(4, 1);
+    // Width and height are tidied by their shared handler, which also counts the neurones.
+    FrameGrid pos(page, QStringLiteral("Lobe Position and Size"), 4);
+    txtX = ByteBox(pos.frame, QStringLiteral("txtX"), QStringLiteral("0"));
+    txtY = ByteBox(pos.frame, QStringLiteral("txtY"), QStringLiteral("0"));
+    txtWidth = NumberBox(pos.frame, QStringLiteral("txtWidth"), QStringLiteral("1"));
+    txtHeight = NumberBox(pos.frame, QStringLiteral("txtHeight"), QStringLiteral("1"));
+    lblNum = Label(pos.frame, QStringLiteral("lblNum"), QStringLiteral("1 neurone(s)"));
+    pos.cells({"X", txtX, "Y", txtY});
+    pos.cells({"Width:", txtWidth, "Height:", txtHeight});
+    pos.grid->addWidget(lblNum, 2, 0, 1, 5);
     connect(txtWidth, &QLineEdit::textChanged, this, &frmBrainLobe::SizeChanged);
     connect(txtHeight, &QLineEdit::textChanged, this, &frmBrainLobe::SizeChanged);
 
-    auto *percFrame = Frame(QStringLiteral("Data copied to Perception Lobe?"), page);
-    auto *percRow = new QHBoxLayout(percFrame);
+    auto *percFrame = Frame(page, QStringLiteral("Data copied to Perception Lobe?"));
     auto *percGroup = new QButtonGroup(percFrame);
     const char *percCaptions[3] = {"No", "Yes", "Mutually exclusive"};
-    for (int i = 0; i < 3; ++i) {
-        optPerceptible[i] = Option(Indexed("optPerceptible", i), QLatin1String(percCaptions[i]), percFrame, percGroup, i);
-        percRow->addWidget(optPerceptible[i]);
-    }
+    for (int i = 0; i < 3; ++i)
+        optPerceptible[i] = Option(percFrame, percGroup, i, Indexed("optPerceptible", i), QLatin1String(percCaptions[i]));
     optPerceptible[0]->setChecked(true);
-    percRow->addStretch(1);
+    Box(new QHBoxLayout(percFrame), {optPerceptible[0], optPerceptible[1], optPerceptible[2], Stretch()});
 
-    column->addWidget(idFrame);
-    auto *middle = new QHBoxLayout;
-    middle->addWidget(posFrame, 1);
-    middle->addWidget(percFrame, 1);
-    column->addLayout(middle);
-    column->addStretch(1);
+    Box(column, {idFrame, Box(new QHBoxLayout, {{pos.frame, 1}, {percFrame, 1}}), Stretch()});
     return page;
 }
 
 QWidget *frmBrainLobe::BuildCellBodyTab()
 {
-    Session &s = session;
     auto *page = new QWidget;
-    auto *column = new QVBoxLayout(page);
+    FrameGrid dyn(page, QStringLiteral("Cell Body Dynamics"));
+    dyn.row(QStringLiteral("Nominal Threshold"),
+            scrThreshold = MakeSlider(session, QStringLiteral("scrThreshold"), 0, 255, 16, true, dyn.frame));
+    dyn.row(QStringLiteral("Leakage rate"), scrLeakage = new TimeSlider(session, QStringLiteral("scrLeakage"), dyn.frame));
+    dyn.row(QStringLiteral("Rest State"),
+            scrRestState = MakeSlider(session, QStringLiteral("scrRestState"), 0, 255, 16, true, dyn.frame));
+    dyn.row(QStringLiteral("Input gain lo-hi"),
+            scrAttenuation = MakeSlider(session, QStringLiteral("scrAttenuation"), 0, 255, 16, true, dyn.frame));
 
-    auto *dynFrame = Frame(QStringLiteral("Cell Body Dynamics"), page);
-    auto *grid = new QGridLayout(dynFrame);
-    scrThreshold = MakeSlider(s, QStringLiteral("scrThreshold"), 0, 255, 16, true, dynFrame);
-    scrLeakage = new TimeSlider(s, QStringLiteral("scrLeakage"), dynFrame);
-    scrRestState = MakeSlider(s, QStringLiteral("scrRestState"), 0, 255, 16, true, dynFrame);
-    scrAttenuation = MakeSlider(s, QStringLiteral("scrAttenuation"), 0, 255, 16, true, dynFrame);
-    AddRow(grid, 0, QStringLiteral("Nominal Threshold"), scrThreshold, dynFrame);
-    AddRow(grid, 1, QStringLiteral("Leakage rate"), scrLeakage, dynFrame);
-    AddRow(grid, 2, QStringLiteral("Rest State"), scrRestState, dynFrame);
-    AddRow(grid, 3, QStringLiteral("Input gain lo-hi"), scrAttenuation, dynFrame);
-    grid->setColumnStretch(1, 1);
+    chkFlags[0] = Check(page, Indexed("chkFlags", 0), QStringLiteral("Winner Takes All (WTA)"));
+    auto *flagFrame = Frame(page, QStringLiteral("Un-used Flags"));
+    for (int i = 1; i < 4; ++i)
+        chkFlags[i] = Check(flagFrame, Indexed("chkFlags", i), QStringLiteral("Flag %1").arg(i + 1));
+    Box(new QHBoxLayout(flagFrame), {chkFlags[1], chkFlags[2], chkFlags[3], Stretch()});
 
-    chkFlags[0] = new QCheckBox(QStringLiteral("Winner Takes All (WTA)"), page);
-    chkFlags[0]->setObjectName(Indexed("chkFlags", 0));
-    auto *flagFrame = Frame(QStringLiteral("Un-used Flags"), page);
-    auto *flagRow = new QHBoxLayout(flagFrame);
-    for (int i = 1; i < 4; ++i) {
-        chkFlags[i] = new QCheckBox(QStringLiteral("Flag %1").arg(i + 1), flagFrame);
-        chkFlags[i]->setObjectName(Indexed("chkFlags", i));
-        flagRow->addWidget(chkFlags[i]);
-    }
-    flagRow->addStretch(1);
-
-    auto *ruleFrame = Frame(QStringLiteral("Neurone State Rule"), page);
-    auto *ruleRow = new QHBoxLayout(ruleFrame);
-    lblStateRule = RuleLabel(QStringLiteral("lblStateRule"));
+    auto *ruleFrame = Frame(page, QStringLiteral("Neurone State Rule"));
     btnStateRule = RuleButton(QStringLiteral("btnStateRule"), QStringLiteral("&State Rule..."), lblStateRule,
-                              [](clsBrainLobe &g) -> StateRule & { return g.StateRule; });
-    ruleRow->addWidget(btnStateRule);
-    ruleRow->addWidget(lblStateRule, 1);
+                              QStringLiteral("lblStateRule"), [](G &g) -> ::StateRule & { return g.StateRule; });
+    Box(new QHBoxLayout(ruleFrame), {btnStateRule, {lblStateRule, 1}});
 
-    column->addWidget(dynFrame);
-    auto *flags = new QHBoxLayout;
-    flags->addWidget(chkFlags[0]);
-    flags->addWidget(flagFrame, 1);
-    column->addLayout(flags);
-    column->addWidget(ruleFrame);
-    column->addStretch(1);
+    Box(new QVBoxLayout(page),
+        {dyn.frame, Box(new QHBoxLayout, {chkFlags[0], {flagFrame, 1}}), ruleFrame, Stretch()});
     return page;
 }
 
 QWidget *frmBrainLobe::BuildGrowthTab(int i)
 {
-    Session &s = session;
     auto *page = new QWidget;
-    auto *grid = new QGridLayout(page);
-
-    auto *sourceFrame = Frame(QStringLiteral("Source Lobe"), page);
-    auto *sourceRow = new QHBoxLayout(sourceFrame);
-    lstSource[i] = new QComboBox(sourceFrame);
-    lstSource[i]->setObjectName(Indexed("lstSource", i));
+    auto *sourceFrame = Frame(page, QStringLiteral("Source Lobe"));
+    lstSource[i] = Combo(sourceFrame, Indexed("lstSource", i));
     lstSource[i]->setMaxVisibleItems(SourceItems);
     lstSource[i]->setMinimumContentsLength(20);
     lstSource[i]->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    sourceRow->addWidget(lstSource[i], 1);
+    Box(new QHBoxLayout(sourceFrame), {{lstSource[i], 1}});
 
-    auto *denFrame = Frame(QStringLiteral("Dendrite Properties"), page);
-    auto *denGrid = new QGridLayout(denFrame);
-    txtMin[i] = NumberBox(Indexed("txtMin", i), QStringLiteral("0"), denFrame);
-    txtMax[i] = NumberBox(Indexed("txtMax", i), QStringLiteral("0"), denFrame);
-    MakeByteBox(txtMin[i]);
-    MakeByteBox(txtMax[i]);
-    lstSpread[i] = new QComboBox(denFrame);
-    lstSpread[i]->setObjectName(Indexed("lstSpread", i));
+    FrameGrid den(page, QStringLiteral("Dendrite Properties"), 2);
+    txtMin[i] = ByteBox(den.frame, Indexed("txtMin", i), QStringLiteral("0"));
+    txtMax[i] = ByteBox(den.frame, Indexed("txtMax", i), QStringLiteral("0"));
+    lstSpread[i] = Combo(den.frame, Indexed("lstSpread", i));
     lstSpread[i]->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     lstSpread[i]->addItems({QStringLiteral("--- Flat"), QStringLiteral("/\\ Normal"), QStringLiteral("|\\ Saw"),
                             QStringLiteral("/| waS")});
-    denGrid->addWidget(new QLabel(QStringLiteral("Minimum #"), denFrame), 0, 0);
-    denGrid->addWidget(txtMin[i], 0, 1);
-    denGrid->addWidget(new QLabel(QStringLiteral("Maximum #"), denFrame), 1, 0);
-    denGrid->addWidget(txtMax[i], 1, 1);
-    denGrid->addWidget(new QLabel(QStringLiteral("Spread"), denFrame), 2, 0);
-    denGrid->addWidget(lstSpread[i], 2, 1);
-    denGrid->setColumnStretch(2, 1);
+    den.row(QStringLiteral("Minimum #"), txtMin[i], 1);
+    den.row(QStringLiteral("Maximum #"), txtMax[i], 1);
+    den.row(QStringLiteral("Spread"), lstSpread[i], 1);
 
-    auto *attFrame = Frame(QStringLiteral("Initial Attachment"), page);
-    auto *attGrid = new QGridLayout(attFrame);
-    scrFanWidth[i] = MakeSlider(s, Indexed("scrFanWidth", i), 0, 8, 2, true, attFrame);
-    scrInitialLTWMin[i] = MakeSlider(s, Indexed("scrInitialLTWMin", i), 0, 255, 16, false, attFrame);
-    scrInitialLTWMax[i] = MakeSlider(s, Indexed("scrInitialLTWMax", i), 0, 255, 16, false, attFrame);
-    scrInitialStrengthMin[i] = MakeSlider(s, Indexed("scrInitialStrengthMin", i), 0, 255, 16, false, attFrame);
-    scrInitialStrengthMax[i] = MakeSlider(s, Indexed("scrInitialStrengthMax", i), 0, 255, 16, false, attFrame);
-    AddRow(attGrid, 0, QStringLiteral("Fanout"), scrFanWidth[i], attFrame);
-    AddRow(attGrid, 1, QStringLiteral("Min LTW"), scrInitialLTWMin[i], attFrame);
-    AddRow(attGrid, 2, QStringLiteral("Max LTW"), scrInitialLTWMax[i], attFrame);
-    AddRow(attGrid, 3, QStringLiteral("Min. Strength"), scrInitialStrengthMin[i], attFrame);
-    AddRow(attGrid, 4, QStringLiteral("Max. Strength"), scrInitialStrengthMax[i], attFrame);
-    attGrid->setColumnStretch(1, 1);
+    // The four range ends have no read-out of their own: LinkSliders shows it after the drag.
+    FrameGrid att(page, QStringLiteral("Initial Attachment"));
+    att.row(QStringLiteral("Fanout"), scrFanWidth[i] = MakeSlider(session, Indexed("scrFanWidth", i), 0, 8, 2, true, att.frame));
+    const char *ends[4][2] = {{"scrInitialLTWMin", "Min LTW"}, {"scrInitialLTWMax", "Max LTW"},
+                              {"scrInitialStrengthMin", "Min. Strength"}, {"scrInitialStrengthMax", "Max. Strength"}};
+    QScrollBar **bars[4] = {scrInitialLTWMin, scrInitialLTWMax, scrInitialStrengthMin, scrInitialStrengthMax};
+    for (int k = 0; k < 4; ++k)
+        att.row(QLatin1String(ends[k][1]), bars[k][i] = MakeSlider(session, Indexed(ends[k][0], i), 0, 255, 16, false, att.frame));
     LinkSliders(scrInitialLTWMin[i], scrInitialLTWMax[i]);
     LinkSliders(scrInitialStrengthMin[i], scrInitialStrengthMax[i]);
 
-    auto *migFrame = Frame(QStringLiteral("Migration Rules"), page);
-    auto *migColumn = new QVBoxLayout(migFrame);
+    auto *migFrame = Frame(page, QStringLiteral("Migration Rules"));
     auto *migGroup = new QButtonGroup(migFrame);
-    optMig0[i] = Option(Indexed("optMig0", i), QStringLiteral("Dendrites do not migrate"), migFrame, migGroup, 0);
-    optMig1[i] = Option(Indexed("optMig1", i),
-                        QStringLiteral("Migrate if ANY dendrite is loose and this cell is firing"), migFrame, migGroup, 1);
-    optMig2[i] = Option(Indexed("optMig2", i), QStringLiteral("Migrate when ALL dens are loose"), migFrame, migGroup, 2);
+    optMig0[i] = Option(migFrame, migGroup, 0, Indexed("optMig0", i), QStringLiteral("Dendrites do not migrate"));
+    optMig1[i] = Option(migFrame, migGroup, 1, Indexed("optMig1", i),
+                        QStringLiteral("Migrate if ANY dendrite is loose and this cell is firing"));
+    optMig2[i] = Option(migFrame, migGroup, 2, Indexed("optMig2", i), QStringLiteral("Migrate when ALL dens are loose"));
     optMig0[i]->setChecked(true);
-    migColumn->addWidget(optMig0[i]);
-    migColumn->addWidget(optMig1[i]);
-    migColumn->addWidget(optMig2[i]);
+    Box(new QVBoxLayout(migFrame), {optMig0[i], optMig1[i], optMig2[i]});
 
+    auto *grid = new QGridLayout(page);
     grid->addWidget(sourceFrame, 0, 0);
-    grid->addWidget(denFrame, 1, 0);
-    grid->addWidget(attFrame, 0, 1, 2, 1);
+    grid->addWidget(den.frame, 1, 0);
+    grid->addWidget(att.frame, 0, 1, 2, 1);
     grid->addWidget(migFrame, 2, 0, 1, 2);
     grid->setColumnStretch(1, 1);
     grid->setRowStretch(3, 1);
@@ -291,171 +228,119 @@ QWidget *frmBrainLobe::BuildGrowthTab(int i)
 
 QWidget *frmBrainLobe::BuildDynamicsTab(int i)
 {
-    Session &s = session;
     auto *page = new QWidget;
-    auto *column = new QVBoxLayout(page);
-
-    auto *atrFrame = Frame(QStringLiteral("Atrophy and Consolidation"), page);
-    auto *atrGrid = new QGridLayout(atrFrame);
-    scrRelaxSus[i] = new TimeSlider(s, Indexed("scrRelaxSus", i), atrFrame);
-    scrRelaxSTW[i] = new TimeSlider(s, Indexed("scrRelaxSTW", i), atrFrame);
-    chkLTWRate[i] = new QCheckBox(QStringLiteral("LTW gain rate"), atrFrame);
-    chkLTWRate[i]->setObjectName(Indexed("chkLTWRate", i));
+    FrameGrid atr(page, QStringLiteral("Atrophy and Consolidation"), 2);
+    scrRelaxSus[i] = new TimeSlider(session, Indexed("scrRelaxSus", i), atr.frame);
+    scrRelaxSTW[i] = new TimeSlider(session, Indexed("scrRelaxSTW", i), atr.frame);
+    chkLTWRate[i] = Check(atr.frame, Indexed("chkLTWRate", i), QStringLiteral("LTW gain rate"));
     chkLTWRate[i]->setChecked(true);
-    scrLTWRate[i] = MakeReversedSlider(s, Indexed("scrLTWRate", i), 1, 255, 16, true, atrFrame);
-    atrGrid->addWidget(new QLabel(QStringLiteral("Relax Susceptibility"), atrFrame), 0, 0);
-    atrGrid->addWidget(new QLabel(QStringLiteral("Slow"), atrFrame), 0, 1);
-    atrGrid->addWidget(scrRelaxSus[i], 0, 2);
-    atrGrid->addWidget(new QLabel(QStringLiteral("Fast"), atrFrame), 0, 3);
-    atrGrid->addWidget(new QLabel(QStringLiteral("Relax STW"), atrFrame), 1, 0);
-    atrGrid->addWidget(scrRelaxSTW[i], 1, 2);
-    atrGrid->addWidget(chkLTWRate[i], 2, 0);
-    atrGrid->addWidget(scrLTWRate[i], 2, 2);
-    atrGrid->setColumnStretch(2, 1);
-    connect(chkLTWRate[i], &QCheckBox::toggled, this, [this, i](bool on) { scrLTWRate[i]->setEnabled(on); });
+    scrLTWRate[i] = MakeReversedSlider(session, Indexed("scrLTWRate", i), 1, 255, 16, true, atr.frame);
+    atr.cells({"Relax Susceptibility", "Slow", scrRelaxSus[i], "Fast"});
+    atr.cells({"Relax STW", nullptr, scrRelaxSTW[i]});
+    atr.cells({chkLTWRate[i], nullptr, scrLTWRate[i]});
 
-    auto *strFrame = Frame(QStringLiteral("Strength Adjustment"), page);
-    auto *strGrid = new QGridLayout(strFrame);
-    chkGainStrength[i] = new QCheckBox(QStringLiteral("Gain every"), strFrame);
-    chkGainStrength[i]->setObjectName(Indexed("chkGainStrength", i));
-    chkGainStrength[i]->setChecked(true);
-    scrGainStrength[i] = MakeSlider(s, Indexed("scrGainStrength", i), 1, 255, 16, true, strFrame);
-    lblGainStrengthRule[i] = RuleLabel(Indexed("lblGainStrengthRule", i));
-    btnGainStrengthRule[i] = RuleButton(Indexed("btnGainStrengthRule", i), QStringLiteral("If..."),
-                                        lblGainStrengthRule[i],
-                                        [i](clsBrainLobe &g) -> StateRule & { return g.GainRule(i); });
-    chkLoseStrength[i] = new QCheckBox(QStringLiteral("Lose every"), strFrame);
-    chkLoseStrength[i]->setObjectName(Indexed("chkLoseStrength", i));
-    chkLoseStrength[i]->setChecked(true);
-    scrLoseStrength[i] = MakeSlider(s, Indexed("scrLoseStrength", i), 1, 255, 16, true, strFrame);
-    lblLoseStrengthRule[i] = RuleLabel(Indexed("lblLoseStrengthRule", i));
-    btnLoseStrengthRule[i] = RuleButton(Indexed("btnLoseStrengthRule", i), QStringLiteral("If..."),
-                                        lblLoseStrengthRule[i],
-                                        [i](clsBrainLobe &g) -> StateRule & { return g.LoseRule(i); });
-    strGrid->addWidget(chkGainStrength[i], 0, 0);
-    strGrid->addWidget(scrGainStrength[i], 0, 1);
-    strGrid->addWidget(btnGainStrengthRule[i], 1, 0, Qt::AlignRight);
-    strGrid->addWidget(lblGainStrengthRule[i], 1, 1);
-    strGrid->addWidget(new QLabel(QStringLiteral(" >0"), strFrame), 1, 2);
-    strGrid->addWidget(chkLoseStrength[i], 2, 0);
-    strGrid->addWidget(scrLoseStrength[i], 2, 1);
-    strGrid->addWidget(btnLoseStrengthRule[i], 3, 0, Qt::AlignRight);
-    strGrid->addWidget(lblLoseStrengthRule[i], 3, 1);
-    strGrid->addWidget(new QLabel(QStringLiteral(" >0"), strFrame), 3, 2);
-    strGrid->setColumnStretch(1, 1);
-    for (auto [box, slider, button, label] :
-         {std::tuple{chkGainStrength[i], scrGainStrength[i], btnGainStrengthRule[i], lblGainStrengthRule[i]},
-          std::tuple{chkLoseStrength[i], scrLoseStrength[i], btnLoseStrengthRule[i], lblLoseStrengthRule[i]}}) {
-        connect(box, &QCheckBox::toggled, this, [slider = slider, button = button, label = label](bool on) {
-            slider->setEnabled(on);
-            button->setEnabled(on);
-            label->setEnabled(on);
-        });
+    // Gain and lose: a rate box and slider, then the rule button and its label with " >0".
+    FrameGrid str(page, QStringLiteral("Strength Adjustment"));
+    for (int r = 0; r < 2; ++r) {
+        const QString stem = QLatin1String(r ? "LoseStrength" : "GainStrength");
+        QCheckBox *&box = (r ? chkLoseStrength : chkGainStrength)[i];
+        QScrollBar *&slider = (r ? scrLoseStrength : scrGainStrength)[i];
+        QLabel *&label = (r ? lblLoseStrengthRule : lblGainStrengthRule)[i];
+        box = Check(str.frame, Indexed("chk" + stem, i), QLatin1String(r ? "Lose every" : "Gain every"));
+        box->setChecked(true);
+        slider = MakeSlider(session, Indexed("scr" + stem, i), 1, 255, 16, true, str.frame);
+        (r ? btnLoseStrengthRule : btnGainStrengthRule)[i] =
+            RuleButton(Indexed("btn" + stem + "Rule", i), QStringLiteral("If..."), label, Indexed("lbl" + stem + "Rule", i),
+                       [i, r](G &g) -> ::StateRule & { return r ? g.LoseRule(i) : g.GainRule(i); });
+    }
+    // Laid out once both rows exist, so that Tab visits the rule buttons after both rates.
+    for (int r = 0; r < 2; ++r) {
+        str.cells({(r ? chkLoseStrength : chkGainStrength)[i], (r ? scrLoseStrength : scrGainStrength)[i]});
+        str.cells({Cell((r ? btnLoseStrengthRule : btnGainStrengthRule)[i], Qt::AlignRight),
+                   (r ? lblLoseStrengthRule : lblGainStrengthRule)[i], " >0"});
     }
 
+    // The inner tabs: two pages of two rule buttons, each with its label beside it.
     auto *inner = new QTabWidget(page);
     inner->setObjectName(i == 0 ? QStringLiteral("SSTab2") : QStringLiteral("SSTab3"));
     (i == 0 ? SSTab2 : SSTab3) = inner;
-
-    auto *susPage = new QWidget;
-    auto *susGrid = new QGridLayout(susPage);
-    lblSusRule[i] = RuleLabel(Indexed("lblSusRule", i));
+    auto rulePage = [](QPushButton *top, QLabel *topLabel, QPushButton *bottom, QLabel *bottomLabel) {
+        auto *p = new QWidget;
+        auto *g = new QGridLayout(p);
+        Cells(g, p, 0, {top, topLabel});
+        Cells(g, p, 1, {bottom, bottomLabel});
+        g->setColumnStretch(1, 1);
+        g->setRowStretch(2, 1);
+        return p;
+    };
     btnSusRule[i] = RuleButton(Indexed("btnSusRule", i), QStringLiteral("Susceptibility..."), lblSusRule[i],
-                               [i](clsBrainLobe &g) -> StateRule & { return g.SusRule(i); });
-    lblReinforceRule[i] = RuleLabel(Indexed("lblReinforceRule", i));
+                               Indexed("lblSusRule", i), [i](G &g) -> ::StateRule & { return g.SusRule(i); });
     btnReinforceRule[i] = RuleButton(Indexed("btnReinforceRule", i), QStringLiteral("Reinforcement..."),
-                                     lblReinforceRule[i],
-                                     [i](clsBrainLobe &g) -> StateRule & { return g.ReinforceRule(i); });
-    susGrid->addWidget(btnSusRule[i], 0, 0);
-    susGrid->addWidget(lblSusRule[i], 0, 1);
-    susGrid->addWidget(btnReinforceRule[i], 1, 0);
-    susGrid->addWidget(lblReinforceRule[i], 1, 1);
-    susGrid->setColumnStretch(1, 1);
-    susGrid->setRowStretch(2, 1);
-
-    auto *bpPage = new QWidget;
-    auto *bpGrid = new QGridLayout(bpPage);
-    lblBPRule[i] = RuleLabel(Indexed("lblBPRule", i));
+                                     lblReinforceRule[i], Indexed("lblReinforceRule", i),
+                                     [i](G &g) -> ::StateRule & { return g.ReinforceRule(i); });
+    inner->addTab(rulePage(btnSusRule[i], lblSusRule[i], btnReinforceRule[i], lblReinforceRule[i]),
+                  QStringLiteral("Sus/Rein"));
     btnBPRule[i] = RuleButton(Indexed("btnBPRule", i), QStringLiteral("Back prop..."), lblBPRule[i],
-                              [i](clsBrainLobe &g) -> StateRule & { return g.BPRule(i); });
-    lblFPRule[i] = RuleLabel(Indexed("lblFPRule", i));
+                              Indexed("lblBPRule", i), [i](G &g) -> ::StateRule & { return g.BPRule(i); });
     btnFPFule[i] = RuleButton(Indexed("btnFPFule", i), QStringLiteral("Forward prop..."), lblFPRule[i],
-                              [i](clsBrainLobe &g) -> StateRule & { return g.FPRule(i); });
-    bpGrid->addWidget(btnBPRule[i], 0, 0);
-    bpGrid->addWidget(lblBPRule[i], 0, 1);
-    bpGrid->addWidget(btnFPFule[i], 1, 0);
-    bpGrid->addWidget(lblFPRule[i], 1, 1);
-    bpGrid->setColumnStretch(1, 1);
-    bpGrid->setRowStretch(2, 1);
+                              Indexed("lblFPRule", i), [i](G &g) -> ::StateRule & { return g.FPRule(i); });
+    inner->addTab(rulePage(btnBPRule[i], lblBPRule[i], btnFPFule[i], lblFPRule[i]), QStringLiteral("BP/FP"));
 
-    inner->addTab(susPage, QStringLiteral("Sus/Rein"));
-    inner->addTab(bpPage, QStringLiteral("BP/FP"));
-
-    column->addWidget(atrFrame);
-    column->addWidget(strFrame);
-    column->addWidget(inner, 1);
+    Box(new QVBoxLayout(page), {atr.frame, str.frame, {inner, 1}});
     return page;
 }
 
-QLabel *frmBrainLobe::RuleLabel(const QString &name)
+QPushButton *frmBrainLobe::RuleButton(const QString &name, const QString &caption, QLabel *&label,
+                                      const QString &labelName, RuleOf rule)
 {
-    auto *label = new QLabel(QStringLiteral("None"), this);
-    label->setObjectName(name);
-    label->setFrameShape(QFrame::StyledPanel);
-    label->setFrameShadow(QFrame::Sunken);
-    label->setWordWrap(true);
+    label = PanelLabel(this, labelName, QStringLiteral("None"));
     label->setMinimumWidth(Placement::TwipsToPixels(3900, this));
-    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    return label;
-}
-
-QPushButton *frmBrainLobe::RuleButton(const QString &name, const QString &caption, QLabel *label,
-                                      std::function<StateRule &(clsBrainLobe &)> member)
-{
-    auto *button = new QPushButton(caption, this);
-    button->setObjectName(name);
-    button->setAutoDefault(false);
-    connect(button, &QPushButton::clicked, this, [this, label, member] {
-        clsBrainLobe *lobe = Lobe();
+    rules.insert(label, rule);
+    auto *button = NamedButton(this, name, caption);
+    connect(button, &QPushButton::clicked, this, [this, label, rule] {
+        G *lobe = Kind();
         if (!lobe)
             return;
         // The rule goes into the gene the moment its dialog closes; Cancel here does not undo it.
-        StateRule &rule = member(*lobe);
-        rule = EditStateRule(session, rule, this);
-        ShowStateRule(session, rule, label);
+        ::StateRule &r = rule(*lobe);
+        r = EditStateRule(session, r, this);
+        ShowStateRule(session, r, label);
     });
     return button;
 }
 
+void frmBrainLobe::ShowRule(QLabel *label)
+{
+    if (G *lobe = Kind())
+        ShowStateRule(session, rules.value(label)(*lobe), label);
+}
+
 void frmBrainLobe::LinkSliders(QScrollBar *minimum, QScrollBar *maximum)
 {
-    // The two ends of a range of the same dendrite type: either drags the other along, and
-    // the read-out follows the drag.
-    connect(minimum, &QScrollBar::valueChanged, this, [this, minimum, maximum](int v) {
-        if (v > maximum->value())
-            maximum->setValue(v);
-        ShowSlider(session, minimum->value());
-    });
-    connect(maximum, &QScrollBar::valueChanged, this, [this, minimum, maximum](int v) {
-        if (v < minimum->value())
-            minimum->setValue(v);
-        ShowSlider(session, maximum->value());
-    });
+    // The two ends of a range of the same dendrite type: either drags the other along past
+    // it, and the read-out follows the drag.
+    for (bool up : {true, false}) {
+        QScrollBar *moved = up ? minimum : maximum, *other = up ? maximum : minimum;
+        connect(moved, &QScrollBar::valueChanged, this, [this, moved, other, up](int v) {
+            if (up ? v > other->value() : v < other->value())
+                other->setValue(v);
+            ShowSlider(session, moved->value());
+        });
+    }
 }
 
 void frmBrainLobe::SizeChanged()
 {
-    const QString w = ClampByteText(txtWidth->text());
-    if (w != txtWidth->text())
-        txtWidth->setText(w);
-    const QString h = ClampByteText(txtHeight->text());
-    if (h != txtHeight->text())
-        txtHeight->setText(h);
+    for (QLineEdit *box : {txtWidth, txtHeight}) {
+        const QString tidy = ClampByteText(box->text());
+        if (tidy != box->text())
+            box->setText(tidy);
+    }
     // No upper limit here: 255 by 255 shows 65025.
     lblNum->setText(Text::Str(ByteBoxValue(txtWidth) * ByteBoxValue(txtHeight)) + QStringLiteral(" neurone(s)"));
 }
 
-// --- load, fill, read ----------------------------------------------------------------------------
+// --- load and the rules ---------------------------------------------------------------------------
 
 void frmBrainLobe::LoadEditor()
 {
@@ -488,138 +373,11 @@ void frmBrainLobe::LoadEditor()
     }
 }
 
-void frmBrainLobe::SetKindControls()
-{
-    clsBrainLobe *g = Lobe();
-    if (!g)
-        return;
-
-    txtX->setText(QString::number(g->x));
-    txtY->setText(QString::number(g->y));
-    txtWidth->setText(QString::number(g->Width));
-    txtHeight->setText(QString::number(g->Height));
-
-    if (g->Perceptible < 3)
-        optPerceptible[g->Perceptible]->setChecked(true);
-
-    scrThreshold->setValue(g->Threshold);
-    scrRestState->setValue(g->RestState);
-    scrAttenuation->setValue(g->Attenuation);
-    scrLeakage->SetStoredValue(g->Leakage);
-
-    ShowStateRule(session, g->StateRule, lblStateRule);
-
-    for (int b = 0; b < 4; ++b)
-        chkFlags[b]->setChecked(g->Flags & (1 << b));
-
-    for (int i = 0; i < 2; ++i) {
-        lstSource[i]->setCurrentIndex(g->Source[i] % lstSource[i]->count());
-        txtMin[i]->setText(QString::number(g->min[i]));
-        txtMax[i]->setText(QString::number(g->max[i]));
-        lstSpread[i]->setCurrentIndex(g->Spread[i] % lstSpread[i]->count());
-
-        scrFanWidth[i]->setValue(g->FanWidth[i]);
-        scrInitialLTWMin[i]->setValue(g->InitialLTWMin[i]);
-        scrInitialLTWMax[i]->setValue(g->InitialLTWMax[i]);
-        scrInitialStrengthMin[i]->setValue(g->InitialStrengthMin[i]);
-        scrInitialStrengthMax[i]->setValue(g->InitialStrengthMax[i]);
-
-        if (g->Migration[i] == 1)
-            optMig1[i]->setChecked(true);
-        else if (g->Migration[i] == 2)
-            optMig2[i]->setChecked(true);
-        else
-            optMig0[i]->setChecked(true);
-
-        scrRelaxSus[i]->SetStoredValue(g->RelaxSus[i]);
-        scrRelaxSTW[i]->SetStoredValue(g->RelaxSTW[i]);
-
-        // An optional rate of 0 is "none": the box unchecked and the slider parked at 1.
-        // The check boxes' own events enable or disable what belongs to them.
-        const quint8 rates[3] = {g->LTWRate[i], g->GainStrength[i], g->LoseStrength[i]};
-        QScrollBar *sliders[3] = {scrLTWRate[i], scrGainStrength[i], scrLoseStrength[i]};
-        QCheckBox *boxes[3] = {chkLTWRate[i], chkGainStrength[i], chkLoseStrength[i]};
-        for (int r = 0; r < 3; ++r) {
-            if (rates[r] > 0) {
-                sliders[r]->setValue(rates[r]);
-                sliders[r]->setEnabled(true);
-                boxes[r]->setChecked(true);
-            } else {
-                sliders[r]->setValue(1);
-                sliders[r]->setEnabled(false);
-                boxes[r]->setChecked(false);
-            }
-        }
-
-        ShowStateRule(session, g->GainRule(i), lblGainStrengthRule[i]);
-        ShowStateRule(session, g->LoseRule(i), lblLoseStrengthRule[i]);
-        ShowStateRule(session, g->SusRule(i), lblSusRule[i]);
-        ShowStateRule(session, g->ReinforceRule(i), lblReinforceRule[i]);
-    }
-}
-
-void frmBrainLobe::GetKindControls()
-{
-    clsBrainLobe *g = Lobe();
-    if (!g)
-        return;
-
-    g->x = quint8(ByteBoxValue(txtX));
-    g->y = quint8(ByteBoxValue(txtY));
-    g->Width = quint8(ByteBoxValue(txtWidth));
-    g->Height = quint8(ByteBoxValue(txtHeight));
-
-    g->Perceptible = optPerceptible[1]->isChecked() ? 1 : optPerceptible[2]->isChecked() ? 2 : 0;
-
-    g->Threshold = quint8(scrThreshold->value());
-    g->RestState = quint8(scrRestState->value());
-    g->Attenuation = quint8(scrAttenuation->value());
-    g->Leakage = quint8(scrLeakage->StoredValue());
-
-    quint8 flags = 0;
-    for (int b = 0; b < 4; ++b)
-        if (chkFlags[b]->isChecked())
-            flags |= quint8(1 << b);
-    g->Flags = flags;
-
-    for (int i = 0; i < 2; ++i) {
-        g->Source[i] = quint8(qMax(0, lstSource[i]->currentIndex()));
-        g->Spread[i] = quint8(qMax(0, lstSpread[i]->currentIndex()));
-        g->min[i] = quint8(ByteBoxValue(txtMin[i]));
-        g->max[i] = quint8(ByteBoxValue(txtMax[i]));
-        g->FanWidth[i] = quint8(scrFanWidth[i]->value());
-        g->InitialLTWMin[i] = quint8(scrInitialLTWMin[i]->value());
-        g->InitialLTWMax[i] = quint8(scrInitialLTWMax[i]->value());
-        g->InitialStrengthMin[i] = quint8(scrInitialStrengthMin[i]->value());
-        g->InitialStrengthMax[i] = quint8(scrInitialStrengthMax[i]->value());
-
-        g->Migration[i] = optMig1[i]->isChecked() ? 1 : optMig2[i]->isChecked() ? 2 : 0;
-
-        g->RelaxSus[i] = quint8(scrRelaxSus[i]->StoredValue());
-        g->RelaxSTW[i] = quint8(scrRelaxSTW[i]->StoredValue());
-
-        g->LTWRate[i] = chkLTWRate[i]->isChecked() ? quint8(scrLTWRate[i]->value()) : 0;
-        g->GainStrength[i] = chkGainStrength[i]->isChecked() ? quint8(scrGainStrength[i]->value()) : 0;
-        g->LoseStrength[i] = chkLoseStrength[i]->isChecked() ? quint8(scrLoseStrength[i]->value()) : 0;
-    }
-}
-
 void frmBrainLobe::ShowSVRules()
 {
     EnsureLoaded();
-    clsBrainLobe *g = Lobe();
-    if (!g)
-        return;
-    ShowStateRule(session, g->GainRule(0), lblGainStrengthRule[0]);
-    ShowStateRule(session, g->LoseRule(0), lblLoseStrengthRule[0]);
-    ShowStateRule(session, g->GainRule(1), lblGainStrengthRule[1]);
-    ShowStateRule(session, g->LoseRule(1), lblLoseStrengthRule[1]);
-    ShowStateRule(session, g->SusRule(0), lblSusRule[0]);
-    ShowStateRule(session, g->ReinforceRule(0), lblReinforceRule[0]);
-    ShowStateRule(session, g->SusRule(1), lblSusRule[1]);
-    ShowStateRule(session, g->ReinforceRule(1), lblReinforceRule[1]);
-    ShowStateRule(session, g->BPRule(0), lblBPRule[0]);
-    ShowStateRule(session, g->FPRule(0), lblFPRule[0]);
-    ShowStateRule(session, g->BPRule(1), lblBPRule[1]);
-    ShowStateRule(session, g->FPRule(1), lblFPRule[1]);
+    for (QLabel *l : {lblGainStrengthRule[0], lblLoseStrengthRule[0], lblGainStrengthRule[1], lblLoseStrengthRule[1],
+                      lblSusRule[0], lblReinforceRule[0], lblSusRule[1], lblReinforceRule[1], lblBPRule[0],
+                      lblFPRule[0], lblBPRule[1], lblFPRule[1]})
+        ShowRule(l);
 }

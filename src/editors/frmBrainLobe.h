@@ -1,10 +1,10 @@
 #pragma once
-#include "core/BodyIO.h"
-#include "editors/GeneEditor.h"
+#include "core/genes/BrainLobe.h"
+#include "editors/KindEditor.h"
 
+#include <QHash>
 #include <functional>
 
-class clsBrainLobe;
 class TimeSlider;
 class QCheckBox;
 class QComboBox;
@@ -19,7 +19,7 @@ class QTabWidget;
 // over (index 0 and 1) the growth and dynamics of its two dendrite types, with the thirteen
 // state variable rules. The rule buttons write into the gene as soon as a rule dialog is
 // left with Ok; everything else reaches the gene when the editor closes.
-class frmBrainLobe : public GeneEditor
+class frmBrainLobe : public KindEditor<clsBrainLobe>
 {
     Q_OBJECT
 public:
@@ -70,20 +70,22 @@ public:
 
 protected:
     void LoadEditor() override;
-    void SetKindControls() override;
-    void GetKindControls() override;
 
 private:
+    using RuleOf = std::function<::StateRule &(clsBrainLobe &)>;
+
     QWidget *BuildGeneralTab();
     QWidget *BuildCellBodyTab();
     QWidget *BuildGrowthTab(int i);
     QWidget *BuildDynamicsTab(int i);
-    QLabel *RuleLabel(const QString &name);
-    QPushButton *RuleButton(const QString &name, const QString &caption, QLabel *label,
-                            std::function<StateRule &(clsBrainLobe &)> member);
+    void BindFields();
+    // A rule button and the label that shows its rule; the button edits the rule in the gene.
+    QPushButton *RuleButton(const QString &name, const QString &caption, QLabel *&label, const QString &labelName,
+                            RuleOf rule);
+    void ShowRule(QLabel *label);
     void SizeChanged();
     void LinkSliders(QScrollBar *minimum, QScrollBar *maximum);
-    clsBrainLobe *Lobe() const;
 
+    QHash<QLabel *, RuleOf> rules;
     int rank = 0;
 };

@@ -3,6 +3,7 @@
 #include "widgets/Placement.h"
 #include "core/Session.h"
 #include "editors/GeneEditor.h"
+#include "widgets/FormBuilder.h"
 
 #include <QComboBox>
 #include <QGridLayout>
@@ -52,9 +53,7 @@ frmSVRule::frmSVRule(Session &s, QWidget *parent) : QDialog(parent), session(s)
     SVOKCommand = new QPushButton(QStringLiteral("&Ok"), this);
     SVOKCommand->setObjectName(QStringLiteral("SVOKCommand"));
     SVOKCommand->setDefault(true);
-    SCCancelCommand = new QPushButton(QStringLiteral("&Cancel"), this);
-    SCCancelCommand->setObjectName(QStringLiteral("SCCancelCommand"));
-    SCCancelCommand->setAutoDefault(false);
+    SCCancelCommand = Form::NamedButton(this, QStringLiteral("SCCancelCommand"), QStringLiteral("&Cancel"));
     connect(SVOKCommand, &QPushButton::clicked, this, &frmSVRule::OkClicked);
     connect(SCCancelCommand, &QPushButton::clicked, this, &QDialog::reject);
 
