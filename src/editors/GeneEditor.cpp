@@ -27,16 +27,15 @@ constexpr quint8 BitMutable = 1, BitDuplicable = 2, BitRemovable = 4, BitMale = 
 
 } // namespace
 
-GeneEditor::GeneEditor(Session &s, Gene &g, QWidget *mainWin, const QString &dialogName, int helpContext,
-                       bool withOrganLabel)
-    : QDialog(mainWin), session(s), HelpContext(helpContext), gene(&g), mainWindow(mainWin)
+GeneEditor::GeneEditor(Session &s, Gene &g, QWidget *mainWin, GeneKind kind)
+    : QDialog(mainWin), session(s), HelpContext(GeneKinds::Of(kind).helpContext), gene(&g), mainWindow(mainWin)
 {
-    setObjectName(dialogName);
+    setObjectName(QLatin1String(GeneKinds::Of(kind).dialogName));
     setModal(false);
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     setSizeGripEnabled(true);
 
-    Header = new GeneHeaderPanel(withOrganLabel, this);
+    Header = new GeneHeaderPanel(GeneKinds::Of(kind).showsOrgan, this);
     btnOk = Form::NamedButton(this, QStringLiteral("btnOk"), QStringLiteral("&Close"));
     btnCancel = Form::NamedButton(this, QStringLiteral("btnCancel"), QStringLiteral("C&ancel"));
     btnNotes = Form::NamedButton(this, QStringLiteral("btnNotes"), QStringLiteral("&Notes"));
@@ -192,7 +191,7 @@ void GeneEditor::ShowGeneOrgan()
     QString text = QStringLiteral("[no organ] ");
     for (int i = gene->Numeric_ID; i >= 0; --i) {
         const Gene *g = session.GeneAt(i);
-        if (g && ((g->GeneType == 3 && g->GeneSubType == 0) || (g->GeneType == 0 && g->GeneSubType == 1))) {
+        if (g && (g->Is(GeneKind::Organ) || g->Is(GeneKind::BrainOrgan))) {
             text = session.CaptionStore.GetCaption(g->GeneType, g->GeneSubType, g->ID) + QStringLiteral(" ");
             break;
         }
@@ -268,36 +267,8 @@ void GeneEditor::NotesClicked()
 
 // --- kinds ------------------------------------------------------------------------------------
 
-QString EditorDialogName(int type, int subType)
-{
-    static const char *const names[4][8] = {
-        {"frmBrainLobe", "frmBorgan"},
-        {"frmReceptor", "frmEmitter", "frmReaction", "frmHalfLives", "frmInject"},
-        {"frmStimulus", "frmSpecies", "frmAppearance", "frmPose", "frmGait", "frmInstinct", "frmColour",
-         "frmColourBleed"},
-        {"frmOrgan"},
-    };
-    if (type < 0 || type > 3 || subType < 0 || subType > 7 || !names[type][subType])
-        return QStringLiteral("frmGene");
-    return QLatin1String(names[type][subType]);
-}
-
-int EditorHelpContext(int type, int subType)
-{
-    if (type == 0 && subType == 0)
-        return GeneEditor::HelpBrainLobe;
-    if (type == 2 && subType == 5)
-        return GeneEditor::HelpInstinct;
-    if ((type == 3 && subType == 0) || (type == 0 && subType == 1))
-        return GeneEditor::HelpOrgan;
-    return GeneEditor::HelpEditors;
-}
-
-bool EditorHasOrganLabel(int type, int subType) { return type == 1 && subType >= 0 && subType <= 2; }
-
-BareGeneEditor::BareGeneEditor(Session &s, Gene &g, QWidget *mainWin)
-    : GeneEditor(s, g, mainWin, EditorDialogName(g.GeneType, g.GeneSubType),
-                 EditorHelpContext(g.GeneType, g.GeneSubType), EditorHasOrganLabel(g.GeneType, g.GeneSubType))
+BareGeneEditor::BareGeneEditor(Session &s, Gene &g, QWidget *mainWin, GeneKind kind)
+    : GeneEditor(s, g, mainWin, kind)
 {
     UseStandardLayout(nullptr);
 }

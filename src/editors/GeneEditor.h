@@ -1,4 +1,5 @@
 #pragma once
+#include "core/GeneKind.h"
 #include "core/GeneView.h"
 
 #include <QDialog>
@@ -25,13 +26,9 @@ class GeneEditor : public QDialog, public GeneView
 {
     Q_OBJECT
 public:
-    // F1 help topics.
-    static constexpr int HelpEditors = 2000, HelpBrainLobe = 2001, HelpInstinct = 2002, HelpOrgan = 2003,
-                         HelpStateRule = 3002;
-
-    // dialogName is the object name ("frmReceptor"); withOrganLabel adds OrganIDLabel to the header.
-    GeneEditor(Session &session, Gene &gene, QWidget *mainWindow, const QString &dialogName, int helpContext,
-               bool withOrganLabel = false);
+    // The dialog takes its object name ("frmReceptor"), its F1 topic and whether its header
+    // shows the organ label from the kind's row of the kind table.
+    GeneEditor(Session &session, Gene &gene, QWidget *mainWindow, GeneKind kind);
     ~GeneEditor() override;
 
     Session &session;
@@ -94,17 +91,11 @@ private:
     bool disposed = false;
 };
 
-// The dialog name and help topic of each gene kind's editor.
-QString EditorDialogName(int type, int subType);
-int EditorHelpContext(int type, int subType);
-// Receptor, emitter and reaction editors show the organ the gene belongs to.
-bool EditorHasOrganLabel(int type, int subType);
-
 // An editor of the header panel and the standard buttons only: it serves the kinds whose
 // own controls are not built yet, under their own dialog names.
 class BareGeneEditor : public GeneEditor
 {
     Q_OBJECT
 public:
-    BareGeneEditor(Session &session, Gene &gene, QWidget *mainWindow);
+    BareGeneEditor(Session &session, Gene &gene, QWidget *mainWindow, GeneKind kind);
 };

@@ -19,9 +19,8 @@
 template <class G> class KindEditor : public GeneEditor
 {
 public:
-    KindEditor(Session &session, G &gene, QWidget *mainWindow, const QString &dialogName, int helpContext,
-               bool withOrganLabel = false)
-        : GeneEditor(session, gene, mainWindow, dialogName, helpContext, withOrganLabel)
+    KindEditor(Session &session, G &gene, QWidget *mainWindow, GeneKind kind)
+        : GeneEditor(session, gene, mainWindow, kind)
     {
     }
 

@@ -44,7 +44,7 @@ constexpr int SourceItems = 16;
 } // namespace
 
 frmBrainLobe::frmBrainLobe(Session &s, clsBrainLobe &lobe, QWidget *mainWin)
-    : KindEditor(s, lobe, mainWin, QStringLiteral("frmBrainLobe"), HelpBrainLobe)
+    : KindEditor(s, lobe, mainWin, GeneKind::BrainLobe)
 {
     SSTab1 = new QTabWidget(this);
     SSTab1->setObjectName(QStringLiteral("SSTab1"));
@@ -358,7 +358,7 @@ void frmBrainLobe::LoadEditor()
             continue;
         if (gene->View == static_cast<const GeneView *>(this))
             break;
-        if (gene->GeneType == 0 && gene->GeneSubType == 0)
+        if (gene->Is(GeneKind::BrainLobe))
             ++rank;
     }
     txtLobeNumber->setText(QStringLiteral("Lobe #") + QString::number(rank));

@@ -103,7 +103,7 @@ void frmSVRule::OkClicked()
 void frmSVRule::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_F1) {
-        emit HelpRequested(GeneEditor::HelpStateRule);
+        emit HelpRequested(GeneKinds::HelpStateRule);
         event->accept();
         return;
     }
