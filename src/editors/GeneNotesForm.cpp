@@ -1,5 +1,6 @@
 #include "editors/GeneNotesForm.h"
 
+#include "widgets/FormBuilder.h"
 #include "widgets/Placement.h"
 #include "core/Gene.h"
 #include "core/Session.h"
@@ -107,12 +108,8 @@ GeneNotesForm::GeneNotesForm(Session &s, QWidget *parent) : QDialog(parent), ses
     auto *frameLayout = new QVBoxLayout(Frame1);
     frameLayout->addWidget(NotesRichTextBox);
 
-    GeneNotesClose = new QPushButton(QStringLiteral("&Close"), this);
-    GeneNotesClose->setObjectName(QStringLiteral("GeneNotesClose"));
-    GeneNotesClose->setAutoDefault(false);
-    GeneNotesCancel = new QPushButton(QStringLiteral("C&ancel"), this);
-    GeneNotesCancel->setObjectName(QStringLiteral("GeneNotesCancel"));
-    GeneNotesCancel->setAutoDefault(false);
+    GeneNotesClose = Form::NamedButton(this, QStringLiteral("GeneNotesClose"), QStringLiteral("&Close"));
+    GeneNotesCancel = Form::NamedButton(this, QStringLiteral("GeneNotesCancel"), QStringLiteral("C&ancel"));
     connect(GeneNotesClose, &QPushButton::clicked, this, &GeneNotesForm::CloseClicked);
     connect(GeneNotesCancel, &QPushButton::clicked, this, &QDialog::reject);
 

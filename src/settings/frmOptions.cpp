@@ -1,8 +1,9 @@
 #include "settings/frmOptions.h"
 
-#include "widgets/Placement.h"
-#include "core/Session.h"
 #include "base/Text.h"
+#include "core/Session.h"
+#include "widgets/FormBuilder.h"
+#include "widgets/Placement.h"
 
 #include <QCheckBox>
 #include <QFormLayout>
@@ -12,16 +13,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
-
-namespace {
-// A preference string as a check state: its value as a whole number, modulo 2.
-QPushButton *NamedButton(const char *name, const QString &caption, QWidget *parent)
-{
-    auto *b = new QPushButton(caption, parent);
-    b->setObjectName(QString::fromLatin1(name));
-    return b;
-}
-} // namespace
 
 frmOptions::frmOptions(Session &s, QWidget *parent) : QDialog(parent), session(s)
 {
@@ -36,7 +27,7 @@ frmOptions::frmOptions(Session &s, QWidget *parent) : QDialog(parent), session(s
     GeneticsDrawerLabel->setObjectName(QStringLiteral("GeneticsDrawerLabel"));
     GeneticsDrawerLabel->setFrameShape(QFrame::StyledPanel);
     GeneticsDrawerLabel->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    QPushButton *reset = NamedButton("ResetToRegistryButton", QStringLiteral("&Reset to Arkenfold Setting"), general);
+    QPushButton *reset = Form::Button(general, QStringLiteral("ResetToRegistryButton"), QStringLiteral("&Reset to Arkenfold Setting"));
     auto *gl = new QVBoxLayout(general);
     gl->addWidget(DefaultCaptionsCheckBox);
     gl->addWidget(new QLabel(QStringLiteral("Current Genetics Drawer:"), general));
@@ -66,8 +57,8 @@ frmOptions::frmOptions(Session &s, QWidget *parent) : QDialog(parent), session(s
     kl->addRow(QStringLiteral("Product ID:"), RegistryProduct);
     kl->addRow(warning);
 
-    QPushButton *closeButton = NamedButton("CloseCommand", QStringLiteral("&Close"), this);
-    QPushButton *cancelButton = NamedButton("CancelCommand", QStringLiteral("Cancel"), this);
+    QPushButton *closeButton = Form::Button(this, QStringLiteral("CloseCommand"), QStringLiteral("&Close"));
+    QPushButton *cancelButton = Form::Button(this, QStringLiteral("CancelCommand"), QStringLiteral("Cancel"));
     closeButton->setDefault(true);
     auto *buttons = new QHBoxLayout;
     buttons->addStretch();

@@ -7,6 +7,8 @@
 #include "views/HelixbenchForm.h"
 #include "views/NewGeneForm.h"
 
+#include "widgets/FormBuilder.h"
+
 #include <QCheckBox>
 #include <QContextMenuEvent>
 #include <QGridLayout>
@@ -21,15 +23,6 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
-
-namespace {
-QPushButton *NamedButton(const char *name, const QString &caption, QWidget *parent)
-{
-    auto *b = new QPushButton(caption, parent);
-    b->setObjectName(QString::fromLatin1(name));
-    return b;
-}
-} // namespace
 
 GeneEditorTab::GeneEditorTab(Session &s, HelixbenchForm &w)
     : session(s), mainWindow(w), rowOfGene(size_t(Session::GeneSlots), nullptr)
@@ -50,10 +43,10 @@ GeneEditorTab::GeneEditorTab(Session &s, HelixbenchForm &w)
     auto *fast = new QLabel(QStringLiteral("Fast"), sorter);
     slow->setAlignment(Qt::AlignCenter);
     fast->setAlignment(Qt::AlignCenter);
-    QPushButton *up = NamedButton("UpCommand", QStringLiteral("Up"), sorter);
-    QPushButton *down = NamedButton("DownCommand", QStringLiteral("Down"), sorter);
-    QPushButton *upFast = NamedButton("UpFastCommand", QStringLiteral("Up"), sorter);
-    QPushButton *downFast = NamedButton("DownFastCommand", QStringLiteral("Down"), sorter);
+    QPushButton *up = Form::NamedButton(sorter, QStringLiteral("UpCommand"), QStringLiteral("Up"));
+    QPushButton *down = Form::NamedButton(sorter, QStringLiteral("DownCommand"), QStringLiteral("Down"));
+    QPushButton *upFast = Form::NamedButton(sorter, QStringLiteral("UpFastCommand"), QStringLiteral("Up"));
+    QPushButton *downFast = Form::NamedButton(sorter, QStringLiteral("DownFastCommand"), QStringLiteral("Down"));
     sorterLayout->addWidget(slow, 0, 0);
     sorterLayout->addWidget(fast, 0, 1);
     sorterLayout->addWidget(up, 1, 0);
@@ -62,11 +55,11 @@ GeneEditorTab::GeneEditorTab(Session &s, HelixbenchForm &w)
     sorterLayout->addWidget(downFast, 2, 1);
 
     // The row of commands on the bottom edge.
-    QPushButton *edit = NamedButton("EditGeneCommand", QStringLiteral("&Edit Gene"), frame);
-    QPushButton *add = NamedButton("NewGeneCommand", QStringLiteral("&New Gene"), frame);
-    QPushButton *del = NamedButton("DeleteGeneCommand", QStringLiteral("&Delete Gene"), frame);
-    QPushButton *rename = NamedButton("RenameGeneCommand", QStringLiteral("&Rename Gene"), frame);
-    QPushButton *changeId = NamedButton("ChangeIDCommand", QStringLiteral("&Change ID"), frame);
+    QPushButton *edit = Form::NamedButton(frame, QStringLiteral("EditGeneCommand"), QStringLiteral("&Edit Gene"));
+    QPushButton *add = Form::NamedButton(frame, QStringLiteral("NewGeneCommand"), QStringLiteral("&New Gene"));
+    QPushButton *del = Form::NamedButton(frame, QStringLiteral("DeleteGeneCommand"), QStringLiteral("&Delete Gene"));
+    QPushButton *rename = Form::NamedButton(frame, QStringLiteral("RenameGeneCommand"), QStringLiteral("&Rename Gene"));
+    QPushButton *changeId = Form::NamedButton(frame, QStringLiteral("ChangeIDCommand"), QStringLiteral("&Change ID"));
     DeleteQuietlyCheck = new QCheckBox(QStringLiteral("Delete Quietly"), frame);
     DeleteQuietlyCheck->setObjectName(QStringLiteral("DeleteQuietlyCheck"));
     auto *commands = new QHBoxLayout;

@@ -1,5 +1,6 @@
 #include "views/NewGeneForm.h"
 
+#include "widgets/FormBuilder.h"
 #include "widgets/Placement.h"
 #include "core/GeneCommands.h"
 #include "core/Session.h"
@@ -18,13 +19,6 @@ const char *const KindRows[] = {
     "Appearance",  "Pose", "Gait", "Instinct", "Pigment", "Pigment Bleed", "Organ", "Brain Organ",
 };
 
-QPushButton *NamedButton(const char *name, const QString &caption, QWidget *parent)
-{
-    auto *b = new QPushButton(caption, parent);
-    b->setObjectName(QString::fromLatin1(name));
-    b->setAutoDefault(false);
-    return b;
-}
 } // namespace
 
 NewGeneForm::NewGeneForm(Session &s, QWidget *parent) : QDialog(parent), session(s)
@@ -45,9 +39,9 @@ NewGeneForm::NewGeneForm(Session &s, QWidget *parent) : QDialog(parent), session
     GeneTypeCombo->setCurrentIndex(0);
     (new QVBoxLayout(frame))->addWidget(GeneTypeCombo);
 
-    btnCreateGene = NamedButton("btnCreateGene", QStringLiteral("&Create"), this);
-    btnCreateAndClose = NamedButton("btnCreateAndClose", QStringLiteral("C&reate and Close"), this);
-    btnCancel = NamedButton("btnCancel", QStringLiteral("C&ancel"), this);
+    btnCreateGene = Form::NamedButton(this, QStringLiteral("btnCreateGene"), QStringLiteral("&Create"));
+    btnCreateAndClose = Form::NamedButton(this, QStringLiteral("btnCreateAndClose"), QStringLiteral("C&reate and Close"));
+    btnCancel = Form::NamedButton(this, QStringLiteral("btnCancel"), QStringLiteral("C&ancel"));
     btnCreateGene->setDefault(true);
 
     auto *buttons = new QHBoxLayout;

@@ -1,5 +1,6 @@
 #include "views/frmChangeDefaultTemplate.h"
 
+#include "widgets/FormBuilder.h"
 #include "widgets/Placement.h"
 #include "core/Session.h"
 #include "base/Text.h"
@@ -41,9 +42,7 @@ frmChangeDefaultTemplate::frmChangeDefaultTemplate(Session &s, QWidget *parent) 
     auto *buttons = new QHBoxLayout;
     buttons->addStretch();
     auto button = [this, buttons](const char *name, const QString &caption) {
-        auto *b = new QPushButton(caption, this);
-        b->setObjectName(QString::fromLatin1(name));
-        b->setAutoDefault(false);
+        QPushButton *b = Form::NamedButton(this, QLatin1String(name), caption);
         buttons->addWidget(b);
         return b;
     };

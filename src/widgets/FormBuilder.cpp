@@ -19,10 +19,16 @@ QString Indexed(const char *name, int i) { return QLatin1String(name) + QLatin1C
 
 QString Indexed(const QString &name, int i) { return name + QLatin1Char('_') + QString::number(i); }
 
-QPushButton *NamedButton(QWidget *parent, const QString &name, const QString &caption)
+QPushButton *Button(QWidget *parent, const QString &name, const QString &caption)
 {
     auto *b = new QPushButton(caption, parent);
     b->setObjectName(name);
+    return b;
+}
+
+QPushButton *NamedButton(QWidget *parent, const QString &name, const QString &caption)
+{
+    QPushButton *b = Button(parent, name, caption);
     b->setAutoDefault(false);
     b->setDefault(false);
     return b;

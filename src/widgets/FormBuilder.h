@@ -29,6 +29,8 @@ QString Indexed(const QString &name, int i);
 
 // A push button that never becomes the default button, so Enter in a text box does not press it.
 QPushButton *NamedButton(QWidget *parent, const QString &name, const QString &caption);
+// A push button as the toolkit makes it: in a dialog, Enter presses it while it has the focus.
+QPushButton *Button(QWidget *parent, const QString &name, const QString &caption);
 
 // A narrow text box for a number of up to four characters.
 QLineEdit *NumberBox(QWidget *parent, const QString &name, const QString &text);
