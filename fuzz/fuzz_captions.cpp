@@ -3,7 +3,7 @@
 // Whatever either reader makes of it must write back to something that reads again to the
 // very same content.
 #include "FuzzPrompt.h"
-#include "core/Session.h"
+#include "base/Messages.h"
 #include "vocab/CaptionStore.h"
 #include "vocab/Rtf.h"
 #include "base/SingleByteText.h"
@@ -22,9 +22,14 @@ void Check(bool condition)
 
 void CaptionFile(const QByteArray &bytes)
 {
-    FuzzPrompt prompt;
-    Session session(prompt);
-    CaptionStore &cs = session.CaptionStore;
+    // One store for the whole run: a read replaces the whole table, so nothing of the input
+    // before survives into this one. The store needs no session, only a message sink.
+    static FuzzPrompt prompt;
+    static UserMessages messages(prompt);
+    static const QString folder;
+    static const QStringList species;
+    static CaptionStore cs(messages, folder, species, {}, {});
+    prompt.messages = 0;
 
     QByteArray input = bytes;
     QBuffer in(&input);

@@ -33,13 +33,19 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     if (size == 0)
         return 0;
-    FuzzPrompt prompt;
-    Session session(prompt);
+    // One session for the whole run: building one costs more than most inputs. An input can
+    // change the gene list, the image, the compatibility setting and the prompt's count;
+    // each starts afresh here, so no input sees what the one before it left.
+    static FuzzPrompt prompt;
+    static Session session(prompt);
+    session.ClearGeneList();
+    prompt.messages = 0;
     session.CompatibilityMode = (data[0] & 1) ? QStringLiteral("1") : QStringLiteral("0");
     ++data;
     --size;
 
     GenomeImage &img = session.GenomeImage;
+    img = GenomeImage();
     const size_t length = std::min(size, size_t(GenomeImage::Size));
     std::memcpy(img.Bytes.data(), data, length);
     // The load's length estimate: the last non-zero byte before 36,000. The rest of the

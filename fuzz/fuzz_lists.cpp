@@ -7,7 +7,7 @@
 // The rest is the file. Whatever the reader makes of it writes back to the very bytes it came
 // from, and that reads again to the same entries and writes back identically.
 #include "FuzzPrompt.h"
-#include "core/Session.h"
+#include "base/Messages.h"
 #include "vocab/NameLists.h"
 #include "base/SingleByteText.h"
 
@@ -82,10 +82,18 @@ void ThroughTheLoader(const QByteArray &bytes)
         FUZZ_CHECK(file.open(QIODevice::WriteOnly | QIODevice::Truncate) && file.write(bytes) == bytes.size());
     }
 
-    RecordingPrompt prompt, quiet;
-    Session session(prompt), expected(quiet);
-    session.AppDirectory = dir.path();
-    NameLists &got = session.Lists, &want = expected.Lists;
+    // The lists live for the whole run; both start from the defaults, as a load does.
+    static RecordingPrompt prompt, quiet;
+    static UserMessages messages(prompt), quietMessages(quiet);
+    static const QString folder = dir.path(), none;
+    static NameLists got(messages, folder), want(quietMessages, none);
+    prompt.messages = 0;
+    // Both start as fresh lists do, whatever the input before left in them.
+    for (NameLists *l : {&got, &want}) {
+        l->ScriptNames.fill(QString());
+        l->ScriptMacros.fill(QString());
+        l->ScriptResults.fill(QString());
+    }
     want.SetScriptDefaults();
     const int read =
         NameLists::DecodeListFile(bytes, want.ScriptNames.data(), want.ScriptMacros.data(), NameLists::ScriptEntries);

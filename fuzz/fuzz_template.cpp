@@ -4,7 +4,7 @@
 // the reader makes of it writes back to the bytes it came from, and that reads again to the
 // same numbers and writes back identically.
 #include "FuzzPrompt.h"
-#include "core/Session.h"
+#include "base/Messages.h"
 #include "vocab/MutationTemplate.h"
 
 #include <QDir>
@@ -25,9 +25,11 @@ qint32 Before(int row) { return -1000 - row; }
 // The reader alone: it takes whole numbers from the front, at most one per row.
 void DecodeAndRoundTrip(const QByteArray &bytes)
 {
-    FuzzPrompt prompt;
-    Session session(prompt), again(prompt);
-    MutationTemplate &t = session.Template;
+    // The templates live for the whole run; every row is set before each read.
+    static FuzzPrompt prompt;
+    static UserMessages messages(prompt);
+    static const QString folder;
+    static MutationTemplate t(messages, folder), u(messages, folder);
     for (int r = 0; r < MutationTemplate::Rows; ++r)
         t.DefaultGeneCounts[size_t(r)] = Before(r);
 
@@ -41,7 +43,6 @@ void DecodeAndRoundTrip(const QByteArray &bytes)
     FUZZ_CHECK(written.size() == FileBytes);
     FUZZ_CHECK(written.left(rows * 4) == bytes.left(rows * 4));
 
-    MutationTemplate &u = again.Template;
     FUZZ_CHECK(u.Decode(written) == MutationTemplate::Rows);
     FUZZ_CHECK(u.DefaultGeneCounts == t.DefaultGeneCounts);
     FUZZ_CHECK(u.Encode() == written);
@@ -59,18 +60,25 @@ void ThroughTheLoader(const QByteArray &bytes)
         FUZZ_CHECK(file.open(QIODevice::WriteOnly | QIODevice::Truncate) && file.write(bytes) == bytes.size());
     }
 
-    RecordingPrompt prompt;
-    FuzzPrompt quiet;
-    Session session(prompt), expected(quiet);
-    session.AppDirectory = dir.path();
+    static RecordingPrompt prompt;
+    static FuzzPrompt quiet;
+    static UserMessages messages(prompt), quietMessages(quiet);
+    static const QString folder = dir.path(), none;
+    static MutationTemplate loaded(messages, folder), expected(quietMessages, none);
+    prompt.messages = 0;
+    // Both start as a fresh template does: zeros, then the presets.
+    for (MutationTemplate *m : {&loaded, &expected}) {
+        m->DefaultGeneCounts.fill(0);
+        m->SetPresets();
+    }
     // The loader makes the program's folder the current one; the fuzzer's own paths are
     // relative to where it started.
     const QString cwd = QDir::currentPath();
-    session.Template.LoadDefaultTemplate();
+    loaded.LoadDefaultTemplate();
     QDir::setCurrent(cwd);
 
-    expected.Template.Decode(bytes);
-    FUZZ_CHECK(session.Template.DefaultGeneCounts == expected.Template.DefaultGeneCounts);
+    expected.Decode(bytes);
+    FUZZ_CHECK(loaded.DefaultGeneCounts == expected.DefaultGeneCounts);
     if (bytes.size() >= FileBytes) {
         FUZZ_CHECK(prompt.messages == 0);
     } else {
@@ -81,7 +89,7 @@ void ThroughTheLoader(const QByteArray &bytes)
 
     QFile file(path);
     FUZZ_CHECK(file.open(QIODevice::ReadOnly));
-    FUZZ_CHECK(file.readAll() == session.Template.Encode() + bytes.mid(FileBytes));
+    FUZZ_CHECK(file.readAll() == loaded.Encode() + bytes.mid(FileBytes));
 }
 
 } // namespace
