@@ -1,0 +1,88 @@
+// Pictures of the running program: the main window with the sample genome on each tab, and
+// the editor of every gene kind, each saved as a PNG. Run it offscreen (or under Xvfb) with
+// QT_SCALE_FACTOR to see a scale:
+//
+//   QT_QPA_PLATFORM=offscreen build/out/helix_shots OUTDIR [NAME...]
+//
+// NAME picks pictures by their file name without ".png" ("frmReceptor", "tab3"); none takes
+// all. The session reads the list files beside the program and loads samples/Sample.gen.
+#include "base/AutoPrompt.h"
+#include "core/Gene.h"
+#include "core/Session.h"
+#include "editors/EditorRegistry.h"
+#include "editors/GeneEditor.h"
+#include "views/HelixbenchForm.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QTabWidget>
+#include <QTimer>
+
+#include <cstdio>
+
+namespace {
+
+bool Wanted(const QStringList &names, const QString &name) { return names.isEmpty() || names.contains(name); }
+
+void Save(QWidget *w, const QDir &out, const QString &name)
+{
+    w->show();
+    w->raise();
+    for (int i = 0; i < 5; ++i)
+        QCoreApplication::processEvents();
+    const QString file = out.filePath(name + QStringLiteral(".png"));
+    if (!w->grab().save(file))
+        std::fprintf(stderr, "could not write %s\n", qPrintable(file));
+    else
+        std::printf("%s %dx%d\n", qPrintable(file), w->width(), w->height());
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QApplication app(argc, argv);
+    QStringList args = app.arguments().mid(1);
+    if (args.isEmpty()) {
+        std::fprintf(stderr, "usage: helix_shots OUTDIR [NAME...]\n");
+        return 2;
+    }
+    QDir out(args.takeFirst());
+    out.mkpath(QStringLiteral("."));
+
+    AutoPrompt prompt;
+    Session session(prompt);
+    HelixbenchForm window(session);
+    RegisterEditors(session, &window);
+    window.Startup(QCoreApplication::applicationDirPath());
+    window.resize(window.sizeHint().expandedTo(window.size()));
+    window.show();
+    if (!session.LoadGenomeFile(QStringLiteral(HELIX_SAMPLE_GENOME)))
+        std::fprintf(stderr, "the sample genome did not load\n");
+
+    for (int t = 0; t < window.SSTab1->count(); ++t) {
+        const QString name = QStringLiteral("tab") + QString::number(t);
+        if (!Wanted(args, name))
+            continue;
+        window.SSTab1->setCurrentIndex(t);
+        Save(&window, out, name);
+    }
+
+    // The first gene of each kind, in its own editor.
+    QStringList done;
+    for (int n = 0; n < session.GeneCount; ++n) {
+        Gene *g = session.GeneAt(n);
+        const GeneKindInfo *kind = g ? GeneKinds::Find(g->GeneType, g->GeneSubType) : nullptr;
+        if (!kind || done.contains(QLatin1String(kind->dialogName)))
+            continue;
+        const QString name = QLatin1String(kind->dialogName);
+        done << name;
+        if (!Wanted(args, name))
+            continue;
+        g->OpenView();
+        if (auto *editor = dynamic_cast<GeneEditor *>(g->View))
+            Save(editor, out, name);
+        g->CloseView();
+    }
+    return 0;
+}
