@@ -30,6 +30,13 @@ ComboMap ComboMap::NoneFirst(int none)
     return m;
 }
 
+ComboMap ComboMap::IndexKeepingUnshown()
+{
+    ComboMap m;
+    m.keepUnshown = true;
+    return m;
+}
+
 void Bindings::Combo(QComboBox *combo, ByteRef field, ComboMap map)
 {
     list.push_back({[=] {
@@ -42,8 +49,10 @@ void Bindings::Combo(QComboBox *combo, ByteRef field, ComboMap map)
                             *v = quint8(map.fromItem(combo->currentIndex()));
                     },
                     [=] {
-                        if (quint8 *v = field())
-                            *v = quint8(map.fromItem(combo->currentIndex()));
+                        quint8 *v = field();
+                        if (!v || (map.keepUnshown && combo->currentIndex() < 0))
+                            return;
+                        *v = quint8(map.fromItem(combo->currentIndex()));
                     }});
 }
 

@@ -33,6 +33,9 @@ struct ComboMap
     // value that the list cannot show is corrected on opening, even if the editor is then
     // cancelled.
     bool writeBack = false;
+    // With nothing selected (a stored value the list has no item for, and the user has picked
+    // none), storing leaves the gene's value as it is instead of storing fromItem(-1).
+    bool keepUnshown = false;
 
     // The item index is the value. A value beyond the list selects nothing; nothing selected
     // stores 0.
@@ -43,6 +46,8 @@ struct ComboMap
     static ComboMap FoldToLast();
     // Item 0 stands for the value none (e.g. "<none>" for 255); item n is the value n - 1.
     static ComboMap NoneFirst(int none = 255);
+    // The item index is the value; a value beyond the list selects nothing and is kept.
+    static ComboMap IndexKeepingUnshown();
 };
 
 // One button of a bit field: checked when the bit of mask is set. A pair of options that

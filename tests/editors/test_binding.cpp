@@ -97,6 +97,9 @@ private slots:
         QCOMPARE(showStore(ComboMap::NoneFirst(), 255), QList<int>({0, 255}));
         QCOMPARE(showStore(ComboMap::NoneFirst(), 0, 3), QList<int>({1, 2}));
         QCOMPARE(showStore(ComboMap::NoneFirst(), 40), QList<int>({-1, 255})); // no item: none
+        // A value with no item is kept until the user picks one.
+        QCOMPARE(showStore(ComboMap::IndexKeepingUnshown(), 9), QList<int>({-1, 9}));
+        QCOMPARE(showStore(ComboMap::IndexKeepingUnshown(), 9, 1), QList<int>({-1, 1}));
 
         // Folding writes into the gene as it shows, before anything is stored.
         Bindings fold;
