@@ -90,33 +90,43 @@ private slots:
 
     // The quit question, then one question for each changed list; No at the quit question, or
     // Cancel at a list, keep the window open and the settings unsaved.
-    void quitQuestions()
+    void quitQuestions_data()
     {
         const QString l = QStringLiteral("The %1 list has changed. Save changes?");
         const QStringList q = {"Are you sure you wish to quit?", l.arg("Chemical"), l.arg("Pose"),
                                l.arg("macro script")};
-        const struct { bool allChanged; QList<int> answers; QStringList questions; bool closes; } cases[] = {
-            {false, {Prompt::No}, {q[0]}, false},
-            {false, {Prompt::Yes, Prompt::Cancel}, {q[0], q[2]}, false}, // only changed lists are asked about
-            {true, {Prompt::Yes, Prompt::No, Prompt::No, Prompt::No}, q, true}};
-        for (const auto &c : cases) {
-            cleanup();
-            init();
-            session->QuitConfirm = true; // as start-up leaves it
-            form->show();
-            session->RegistryProduct = QStringLiteral("Arkenfold 9");
-            session->Lists.PosesChanged = true;
-            session->Lists.ChemicalsChanged = session->Lists.ScriptsChanged = c.allChanged;
-            for (int answer : c.answers)
-                prompt.AnswerMessage(answer);
-            QCOMPARE(QList<bool>({form->close(), form->isVisible()}), QList<bool>({c.closes, !c.closes}));
-            QCOMPARE(prompt.MessageTexts(), c.questions);
-            for (const auto &s : prompt.shown)
-                QCOMPARE(s.title + QString::number(s.style), QStringLiteral("Helixbench35"));
-            // The settings are saved only when the window closes.
-            QCOMPARE(StoredPreferences::Get(QStringLiteral("Product")).toString(),
-                     QString::fromLatin1(c.closes ? "Arkenfold 9" : ""));
-        }
+        QTest::addColumn<bool>("allChanged");
+        QTest::addColumn<QList<int>>("answers");
+        QTest::addColumn<QStringList>("questions");
+        QTest::addColumn<bool>("closes");
+        QTest::newRow("No to quit") << false << QList<int>{Prompt::No} << QStringList{q[0]} << false;
+        // Only changed lists are asked about.
+        QTest::newRow("Cancel at a list") << false << QList<int>{Prompt::Yes, Prompt::Cancel}
+                                          << QStringList{q[0], q[2]} << false;
+        QTest::newRow("all lists, No each") << true << QList<int>{Prompt::Yes, Prompt::No, Prompt::No, Prompt::No}
+                                            << q << true;
+    }
+
+    void quitQuestions()
+    {
+        QFETCH(bool, allChanged);
+        QFETCH(QList<int>, answers);
+        QFETCH(QStringList, questions);
+        QFETCH(bool, closes);
+        session->QuitConfirm = true; // as start-up leaves it
+        form->show();
+        session->RegistryProduct = QStringLiteral("Arkenfold 9");
+        session->Lists.PosesChanged = true;
+        session->Lists.ChemicalsChanged = session->Lists.ScriptsChanged = allChanged;
+        for (int answer : answers)
+            prompt.AnswerMessage(answer);
+        QCOMPARE(QList<bool>({form->close(), form->isVisible()}), QList<bool>({closes, !closes}));
+        QCOMPARE(prompt.MessageTexts(), questions);
+        for (const auto &s : prompt.shown)
+            QCOMPARE(s.title + QString::number(s.style), QStringLiteral("Helixbench35"));
+        // The settings are saved only when the window closes.
+        QCOMPARE(StoredPreferences::Get(QStringLiteral("Product")).toString(),
+                 QString::fromLatin1(closes ? "Arkenfold 9" : ""));
     }
 
     // The tabs fill the window from the first show; below 7200 x 7500 twips outside they keep

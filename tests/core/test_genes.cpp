@@ -6,6 +6,7 @@
 #include "core/genes/BodyGenes.h"
 #include "core/genes/BrainLobe.h"
 #include "support/GenomeBytes.h"
+#include "support/KindBodies.h"
 #include "support/ShownText.h"
 #include "support/ScriptedPrompt.h"
 
@@ -16,63 +17,10 @@ using namespace GenomeBytes;
 
 namespace {
 
-// Twelve bytes counting up from `first`.
-QByteArray Rule(int first)
-{
-    QByteArray r(12, char(first));
-    for (int j = 0; j < 12; ++j)
-        r[j] = char(first + j);
-    return r;
-}
-
 // A rule as its bytes; nothing for a rule the gene does not have.
 QByteArray Of(const StateRule &rule)
 {
     return rule ? QByteArray(reinterpret_cast<const char *>(rule->data()), 12) : QByteArray();
-}
-
-// A lobe body with every field in range; the blocks of the two dendrite types start at 22 and 109.
-QByteArray LobeBody()
-{
-    QByteArray b = Hex("3F014002 02 0A0B0C0D") + Rule(0xA0) + Hex("0F");
-    for (int i = 0; i < 2; ++i) {
-        // Source, min, max, Spread, FanWidth, InitialLTWMin/Max, InitialStrengthMin/Max, Migration,
-        // RelaxSus, RelaxSTW, LTWRate, GainStrength, gain rule, LoseStrength, then the lose,
-        // susceptibility, reinforcement, back and forward propagation rules.
-        b += QByteArray(1, char(3 + i)) + Hex("05") + char(9 + i) + Hex("0308 0102 00FF 02 14151617")
-             + Rule(0x10 + 0x60 * i) + Hex("18");
-        for (int r = 2; r <= 6; ++r)
-            b += Rule(0x10 * r + 0x60 * i);
-    }
-    return b;
-}
-
-// A kind, a body with its values in range, and the body of a fresh object (an organ's biotick as 0).
-struct Kind { const char *name; int type, subType; QByteArray body, defaults; };
-
-QList<Kind> Kinds()
-{
-    QByteArray halfLives;
-    for (int i = 0; i < 256; ++i)
-        halfLives += char(i * 7);
-    return {
-        {"clsBrainLobe", 0, 0, LobeBody(), Hex("00000101") + QByteArray(192, '\0')},
-        {"clsBorgan", 0, 1, Hex("0504030201"), Hex("800A800002")},
-        {"clsReceptor", 1, 0, Hex("0211223344006603"), Hex("000000000000FF00")},
-        {"clsEmitter", 1, 1, Hex("01112233440F6607"), Hex("000000000001FF00")},
-        {"clsReaction", 1, 2, Hex("010510060207030800"), Hex("010001000100010020")},
-        {"clsHalfLives", 1, 3, halfLives, QByteArray(255, char(0xFF)) + '\0'},
-        {"clsInject", 1, 4, Hex("2142"), Hex("0000")},
-        {"clsStimulus", 2, 0, Hex("2D10FE20070102030405060708"), Hex("0000FF00000000000000000000")},
-        {"clsSpecies", 2, 1, Hex("03") + "MUM1DAD2", Hex("00") + "EVE_ADAM"},
-        {"clsAppearance", 2, 2, Hex("051903"), Hex("000000")},
-        {"clsPose", 2, 3, Hex("2A") + "AB Z@# 09XYZ?=!", Hex("00") + "XXXXXXXXXXXXXXX"},
-        {"clsGait", 2, 4, Hex("0F0102030405060708"), QByteArray(9, '\0')},
-        {"clsInstinct", 2, 5, Hex("0710062005300F4050"), QByteArray(9, '\0')},
-        {"clsColour", 2, 6, Hex("02FF"), Hex("0080")},
-        {"clsColourBleed", 2, 7, Hex("1020"), Hex("0080")},
-        {"clsOrgan", 3, 0, Hex("0102030405"), Hex("8014800080")},
-    };
 }
 
 QString BadMoniker(const QString &who, int count, const QString &replacement)
@@ -98,25 +46,37 @@ private slots:
     void cleanup() { QVERIFY2(prompt.AllAnswered(), "a queued answer was not asked for"); }
 
     // Each kind read and written back byte for byte, and what a fresh object writes.
+    void everyKindOnFile_data()
+    {
+        QTest::addColumn<int>("type");
+        QTest::addColumn<int>("subType");
+        QTest::addColumn<QByteArray>("body");
+        QTest::addColumn<QByteArray>("defaults");
+        for (const Kind &k : Kinds())
+            QTest::newRow(k.name) << k.type << k.subType << k.body << k.defaults;
+    }
+
     void everyKindOnFile()
     {
-        for (const auto &[name, type, subType, body, defaults] : Kinds()) {
-            // Two genes of the kind, so that a wrong body length shows in the second header.
-            const QByteArray file = File(Header(type, subType, 4) + body + Header(type, subType, 5) + body);
-            QVERIFY2(Decode(file), name);
-            std::fill(session->GenomeImage.Bytes.begin(), session->GenomeImage.Bytes.end(), 0xEE);
-            session->EncodeGenome();
-            QCOMPARE(session->GenomeImage.WriteCursor, int(file.size()));
-            QCOMPARE(ImageBytes(file.size() + 1), file + char(0xEE)); // nothing written behind "gend"
+        QFETCH(int, type);
+        QFETCH(int, subType);
+        QFETCH(QByteArray, body);
+        QFETCH(QByteArray, defaults);
+        // Two genes of the kind, so that a wrong body length shows in the second header.
+        const QByteArray file = File(Header(type, subType, 4) + body + Header(type, subType, 5) + body);
+        QVERIFY(Decode(file));
+        std::fill(session->GenomeImage.Bytes.begin(), session->GenomeImage.Bytes.end(), 0xEE);
+        session->EncodeGenome();
+        QCOMPARE(session->GenomeImage.WriteCursor, int(file.size()));
+        QCOMPARE(ImageBytes(file.size() + 1), file + char(0xEE)); // nothing written behind "gend"
 
-            std::unique_ptr<Gene> fresh = MakeGene(*session, type, subType);
-            if (auto *organ = dynamic_cast<OrganGene *>(fresh.get()))
-                organ->BiotickStartValue = 0;
-            session->GenomeImage.WriteCursor = 0;
-            fresh->GetMembers();
-            QCOMPARE(ImageBytes(session->GenomeImage.WriteCursor),
-                     "gene" + QByteArray(1, char(type)) + char(subType) + QByteArray(5, '\0') + defaults);
-        }
+        std::unique_ptr<Gene> fresh = MakeGene(*session, type, subType);
+        if (auto *organ = dynamic_cast<OrganGene *>(fresh.get()))
+            organ->BiotickStartValue = 0;
+        session->GenomeImage.WriteCursor = 0;
+        fresh->GetMembers();
+        QCOMPARE(ImageBytes(session->GenomeImage.WriteCursor),
+                 "gene" + QByteArray(1, char(type)) + char(subType) + QByteArray(5, '\0') + defaults);
     }
 
     void biotickStartsAtRandom()
@@ -310,19 +270,8 @@ private slots:
     }
 
 private:
-    // Puts the bytes of a genome file into a zeroed image and decodes them.
-    bool Decode(const QByteArray &bytes)
-    {
-        std::fill(session->GenomeImage.Bytes.begin(), session->GenomeImage.Bytes.end(), 0);
-        std::copy(bytes.begin(), bytes.end(), reinterpret_cast<char *>(session->GenomeImage.Bytes.data()));
-        session->GenomeImage.WriteCursor = int(bytes.size());
-        return session->DecodeGenome();
-    }
-
-    QByteArray ImageBytes(int count) const
-    {
-        return QByteArray(reinterpret_cast<const char *>(session->GenomeImage.Bytes.data()), count);
-    }
+    bool Decode(const QByteArray &bytes) { return DecodeBytes(*session, bytes); }
+    QByteArray ImageBytes(int count) const { return GenomeBytes::ImageBytes(*session, count); }
 
     template <typename T> T *At(int index) { return &dynamic_cast<T &>(*session->GeneAt(index)); }
 

@@ -58,11 +58,24 @@ private slots:
                                  "[1.0]\nMain Directory = /opt/Arkenfold, Deluxe /\nGenetics%20Directory=/g, h\n"));
         QCOMPARE(session->ReadGameSetting("Main Directory") + '|' + session->ReadGameSetting("Genetics Directory"),
                  QStringLiteral("/opt/Arkenfold, Deluxe /|/g, h"));
-        const std::pair<QString, QString> cases[] = {
-            {"/games/genetics", "/games/genetics/"}, {"/games/genetics/", "/games/genetics/"}, {"", "/"},
-            {QStringLiteral("/games/gen") + QChar(0) + QStringLiteral("junk/"), "/games/gen/"}, {"/a/b\x1f/c\n", "/a/b/"}};
-        for (const auto &[text, expected] : cases)
-            QCOMPARE(Session::NormalisePath(text), expected);
+    }
+
+    void normalisePath_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("no slash") << "/games/genetics" << "/games/genetics/";
+        QTest::newRow("slash") << "/games/genetics/" << "/games/genetics/";
+        QTest::newRow("empty") << "" << "/";
+        QTest::newRow("cut at NUL") << QStringLiteral("/games/gen") + QChar(0) + QStringLiteral("junk/") << "/games/gen/";
+        QTest::newRow("cut at control") << "/a/b\x1f/c\n" << "/a/b/";
+    }
+
+    void normalisePath()
+    {
+        QFETCH(QString, text);
+        QFETCH(QString, expected);
+        QCOMPARE(Session::NormalisePath(text), expected);
     }
 
     // The welcome comes on the first run only, and again only when the mark is "no" (each answer

@@ -20,39 +20,52 @@ private slots:
     void init() { kit.Init(); }
     void cleanup() { kit.Cleanup(); }
 
+    // in: the Mutability byte; shown: the Mutable, Duplicable, Removable and Ignore boxes and
+    // the sex option; pick: the option chosen (-1 none); out: the byte stored after Duplicable
+    // is toggled; typed: txtMutability; weight: stored.
+    void headerBinding_data()
+    {
+        QTest::addColumn<int>("in");
+        QTest::addColumn<QString>("shown");
+        QTest::addColumn<int>("pick");
+        QTest::addColumn<int>("out");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<int>("weight");
+        QTest::newRow("both sexes: male wins; weight wraps") << 24 << "0000M" << -1 << (8 | 2) << "1000" << 232;
+        QTest::newRow("B stores neither; half to even") << (16 | 1 | 32) << "1001F" << 0 << (1 | 2 | 32) << "2.5" << 2;
+        QTest::newRow("negative folds up") << (2 | 4) << "0110B" << 2 << (4 | 16) << "-1" << 255;
+    }
+
     void headerBinding()
     {
-        // in: the Mutability byte; shown: the Mutable, Duplicable, Removable and Ignore boxes
-        // and the sex option; pick: the option chosen (-1 none); out: the byte stored after
-        // Duplicable is toggled; typed: txtMutability; weight: stored.
-        struct { int in; const char *shown; int pick, out; const char *typed; int weight; } cases[] = {
-            {24, "0000M", -1, 8 | 2, "1000", 232},           // both sexes: male wins; wraps
-            {16 | 1 | 32, "1001F", 0, 1 | 2 | 32, "2.5", 2}, // B stores neither; half to even
-            {2 | 4, "0110B", 2, 4 | 16, "-1", 255}};         // negative folds up
-        for (const auto &c : cases) {
-            Gene *g = Add(2, 3);
-            g->Mutability = quint8(c.in), g->SwitchOn = 4, g->MutabilityWeighting = 77;
-            GeneEditor *e = kit.Open(g);
-            QComboBox *lst = SwitchOn(g);
-            auto *mutability = Child<QLineEdit>(e, "txtMutability");
-            // The switch-on list, its choice and the weighting, then the boxes and the sex.
-            QString shown = QString::number(lst->count()) + lst->itemText(0) + lst->itemText(6)
-                            + QString::number(lst->currentIndex()) + mutability->text() + ' ';
-            for (const char *box : {"chkMutable", "chkDuplicable", "chkRemovable", "chkIgnore"})
-                shown += Child<QCheckBox>(e, box)->isChecked() ? '1' : '0';
-            for (QRadioButton *o : e->findChildren<QRadioButton *>(QRegularExpression(QStringLiteral("^optSex_[0-2]$"))))
-                shown += o->isChecked() ? o->text() : QString();
-            QCOMPARE(shown, "7EmbryoSenile477 " + QLatin1String(c.shown));
+        QFETCH(int, in);
+        QFETCH(QString, shown);
+        QFETCH(int, pick);
+        QFETCH(int, out);
+        QFETCH(QString, typed);
+        QFETCH(int, weight);
+        Gene *g = Add(2, 3);
+        g->Mutability = quint8(in), g->SwitchOn = 4, g->MutabilityWeighting = 77;
+        GeneEditor *e = kit.Open(g);
+        QComboBox *lst = SwitchOn(g);
+        auto *mutability = Child<QLineEdit>(e, "txtMutability");
+        // The switch-on list, its choice and the weighting, then the boxes and the sex.
+        QString seen = QString::number(lst->count()) + lst->itemText(0) + lst->itemText(6)
+                       + QString::number(lst->currentIndex()) + mutability->text() + ' ';
+        for (const char *box : {"chkMutable", "chkDuplicable", "chkRemovable", "chkIgnore"})
+            seen += Child<QCheckBox>(e, box)->isChecked() ? '1' : '0';
+        for (QRadioButton *o : e->findChildren<QRadioButton *>(QRegularExpression(QStringLiteral("^optSex_[0-2]$"))))
+            seen += o->isChecked() ? o->text() : QString();
+        QCOMPARE(seen, "7EmbryoSenile477 " + shown);
 
-            Child<QCheckBox>(e, "chkDuplicable")->toggle();
-            if (c.pick >= 0)
-                Child<QRadioButton>(e, QStringLiteral("optSex_%1").arg(c.pick))->setChecked(true);
-            lst->setCurrentIndex(6);
-            mutability->setText(c.typed);
-            QCOMPARE(mutability->text(), QLatin1String(c.typed)); // not tidied while typing
-            e->btnOk->click();
-            QCOMPARE(QList<int>({g->Mutability, g->SwitchOn, g->MutabilityWeighting}), QList<int>({c.out, 6, c.weight}));
-        }
+        Child<QCheckBox>(e, "chkDuplicable")->toggle();
+        if (pick >= 0)
+            Child<QRadioButton>(e, QStringLiteral("optSex_%1").arg(pick))->setChecked(true);
+        lst->setCurrentIndex(6);
+        mutability->setText(typed);
+        QCOMPARE(mutability->text(), typed); // not tidied while typing
+        e->btnOk->click();
+        QCOMPARE(QList<int>({g->Mutability, g->SwitchOn, g->MutabilityWeighting}), QList<int>({out, 6, weight}));
     }
 
     // Close, Cancel, the close box and Escape each reach the gene once; only Cancel and Escape

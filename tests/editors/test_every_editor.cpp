@@ -1,0 +1,183 @@
+// What every gene editor must do, whatever its kind, run over all sixteen kinds: it carries
+// its dialog name and F1 topic; Close without touching anything gives the gene's bytes back
+// (save for the foldings the kind names); Cancel changes nothing however much was touched;
+// the gene's row is refreshed once; and an encode takes what an open editor shows, exactly
+// what Close would then store.
+#include "EditorTestKit.h"
+#include "support/KindBodies.h"
+
+#include <QSignalSpy>
+
+using namespace GenomeBytes;
+
+namespace {
+
+// Where a gene's body starts in an image of one gene: "dna2", "gene", seven header bytes.
+constexpr int BodyStart = 4 + 4 + 7;
+constexpr int HeaderStart = 4 + 4;
+
+// Body bytes that an editor may change although nobody touched it, by the kind's own rules.
+struct Foldings
+{
+    QList<int> onOpening; // corrected as the editor opens: they reach the gene even on Cancel
+    QList<int> onClose;   // what Close stores of a value the controls cannot hold
+};
+
+// The body offsets in which two images of one gene differ.
+QList<int> Differences(const QByteArray &a, const QByteArray &b)
+{
+    QList<int> at;
+    auto byteAt = [](const QByteArray &x, int i) { return i < x.size() ? int(quint8(x[i])) : -1; };
+    for (int i = BodyStart; i < qMax(a.size(), b.size()); ++i)
+        if (byteAt(a, i) != byteAt(b, i))
+            at << i - BodyStart;
+    return at;
+}
+
+// What a user could do to every control of a dialog without pressing a button: each enabled
+// combo moves to its next item, each slider to another value, each check box toggles, each
+// unselected option is chosen, each text box gets a new number.
+void TouchEverything(QWidget *dialog)
+{
+    for (QComboBox *c : dialog->findChildren<QComboBox *>())
+        if (c->isEnabled() && c->count() > 1)
+            c->setCurrentIndex((c->currentIndex() + 1) % c->count());
+    for (QAbstractSlider *s : dialog->findChildren<QAbstractSlider *>())
+        if (s->isEnabled() && s->maximum() > s->minimum())
+            s->setValue(s->value() == s->minimum() ? s->maximum() : s->minimum());
+    for (QCheckBox *c : dialog->findChildren<QCheckBox *>())
+        if (c->isEnabled())
+            c->toggle();
+    for (QRadioButton *o : dialog->findChildren<QRadioButton *>())
+        if (o->isEnabled() && !o->isChecked()) {
+            o->setChecked(true);
+            break;
+        }
+    for (QLineEdit *t : dialog->findChildren<QLineEdit *>())
+        if (t->isEnabled() && !t->isReadOnly())
+            t->setText(t->text() == QLatin1String("7") ? QStringLiteral("9") : QStringLiteral("7"));
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Foldings)
+
+class TestEveryEditor : public QObject
+{
+    Q_OBJECT
+    EditorTestKit kit;
+    Session *s() { return kit.session.get(); }
+
+    // The genome of the row's one gene, decoded; the gene and its encoded image.
+    Gene *Load()
+    {
+        QFETCH(int, type);
+        QFETCH(int, subType);
+        QFETCH(QByteArray, body);
+        if (!DecodeBytes(*s(), File(Header(type, subType) + body)))
+            return nullptr;
+        return s()->GeneAt(0);
+    }
+    QByteArray Encoded()
+    {
+        s()->EncodeGenome();
+        return ImageBytes(*s(), s()->GenomeImage.WriteCursor);
+    }
+
+private slots:
+    void init() { kit.Init(); }
+    void cleanup() { kit.Cleanup(); }
+
+    void everyKind_data()
+    {
+        QTest::addColumn<int>("type");
+        QTest::addColumn<int>("subType");
+        QTest::addColumn<QByteArray>("body");
+        QTest::addColumn<QString>("dialog");
+        QTest::addColumn<int>("help");
+        QTest::addColumn<Foldings>("foldings");
+
+        // The dialog and F1 topic of each kind, as the user meets them.
+        const QHash<QString, std::pair<const char *, int>> dialogs = {
+            {"clsBrainLobe", {"frmBrainLobe", 2001}}, {"clsBorgan", {"frmBorgan", 2003}},
+            {"clsReceptor", {"frmReceptor", 2000}},   {"clsEmitter", {"frmEmitter", 2000}},
+            {"clsReaction", {"frmReaction", 2000}},   {"clsHalfLives", {"frmHalfLives", 2000}},
+            {"clsInject", {"frmInject", 2000}},       {"clsStimulus", {"frmStimulus", 2000}},
+            {"clsSpecies", {"frmSpecies", 2000}},     {"clsAppearance", {"frmAppearance", 2000}},
+            {"clsPose", {"frmPose", 2000}},           {"clsGait", {"frmGait", 2000}},
+            {"clsInstinct", {"frmInstinct", 2002}},   {"clsColour", {"frmColour", 2000}},
+            {"clsColourBleed", {"frmColourBleed", 2000}}, {"clsOrgan", {"frmOrgan", 2003}},
+        };
+        // The foldings of the kinds' own rules, for the bodies of KindBodies.h; a kind not
+        // named folds nothing.
+        const QHash<QString, Foldings> busyFoldings = {
+            // Time sliders store position * 8: Leakage and each dendrite type's relaxations.
+            {"clsBrainLobe", {{}, {6, 22 + 10, 22 + 11, 109 + 10, 109 + 11}}},
+        };
+        const QHash<QString, Foldings> freshFoldings = {};
+
+        QCOMPARE(Kinds().size(), 16);
+        for (const Kind &k : Kinds()) {
+            const auto [dialog, help] = dialogs.value(QLatin1String(k.name));
+            QTest::addRow("%s values", k.name) << k.type << k.subType << k.body << QString::fromLatin1(dialog) << help
+                                               << busyFoldings.value(QLatin1String(k.name));
+            QTest::addRow("%s fresh", k.name) << k.type << k.subType << k.defaults << QString::fromLatin1(dialog)
+                                              << help << freshFoldings.value(QLatin1String(k.name));
+        }
+    }
+
+    void everyKind()
+    {
+        QFETCH(QString, dialog);
+        QFETCH(int, help);
+        QFETCH(Foldings, foldings);
+        Gene *g = Load();
+        QVERIFY(g);
+        const QByteArray loaded = Encoded();
+
+        // Its own dialog, its own F1 topic.
+        GeneEditor *e = kit.Open(g);
+        QVERIFY(e);
+        QCOMPARE(e->objectName(), dialog);
+        QSignalSpy helps(e, &GeneEditor::HelpRequested);
+        QTest::keyClick(e, Qt::Key_F1);
+        QCOMPARE(helps, QList<QVariantList>({{help}}));
+
+        // Close, untouched: the bytes come back but for the named foldings, the row once.
+        QSignalSpy rows(s(), &Session::GeneRowChanged);
+        e->btnOk->click();
+        QCOMPARE(rows, QList<QVariantList>({{int(g->Numeric_ID)}}));
+        const QByteArray closed = Encoded();
+        QCOMPARE(closed.left(BodyStart), loaded.left(BodyStart));
+        QList<int> allowed = foldings.onOpening + foldings.onClose;
+        for (int at : Differences(loaded, closed))
+            QVERIFY2(allowed.contains(at), qPrintable(QStringLiteral("body byte %1 changed").arg(at)));
+
+        // Cancel after touching everything: only what opening folds reaches the gene.
+        g = Load();
+        QVERIFY(g);
+        e = kit.Open(g);
+        TouchEverything(e);
+        rows.clear();
+        e->btnCancel->click();
+        QCOMPARE(rows.count(), 1);
+        const QByteArray cancelled = Encoded();
+        QCOMPARE(cancelled.left(BodyStart), loaded.left(BodyStart));
+        for (int at : Differences(loaded, cancelled))
+            QVERIFY2(foldings.onOpening.contains(at), qPrintable(QStringLiteral("body byte %1 changed").arg(at)));
+
+        // An encode while open takes the touched controls; Close then stores the same bytes.
+        g = Load();
+        QVERIFY(g);
+        e = kit.Open(g);
+        TouchEverything(e);
+        const QByteArray whileOpen = Encoded();
+        QVERIFY2(whileOpen.mid(HeaderStart) != loaded.mid(HeaderStart), "the encode took nothing of the editor");
+        QVERIFY(g->IsOpen);
+        e->btnOk->click();
+        QCOMPARE(Encoded(), whileOpen);
+    }
+};
+
+QTEST_MAIN(TestEveryEditor)
+#include "test_every_editor.moc"
