@@ -111,3 +111,13 @@ int ByteBoxValue(const QLineEdit *box)
 {
     return int(qBound(0LL, Text::RoundHalfEven(Text::Val(box->text())), 255LL));
 }
+
+// --- byte sliders ---------------------------------------------------------------------------
+
+QScrollBar *MakeByteSlider(Session &session, const QString &name, bool withReadout, QWidget *parent)
+{
+    QScrollBar *bar = MakeSlider(session, name, 0, 255, 16, withReadout, parent);
+    const QSignalBlocker quiet(bar);
+    bar->setValue(128);
+    return bar;
+}

@@ -67,3 +67,11 @@ private:
 void MakeByteBox(QLineEdit *box);
 // The number a box holds (the leading number of its text, 0 if none), as a byte value.
 int ByteBoxValue(const QLineEdit *box);
+
+// --- byte sliders ---------------------------------------------------------------------------
+
+// A slider over a whole byte, 0 to 255 with a large step of 16, that stands at 128 until a
+// gene is shown in it. Standing there runs no read-out: only a later change does, so a
+// stored 128 leaves the status bar as it was.
+QScrollBar *MakeByteSlider(Session &session, const QString &name, bool withReadout = true,
+                           QWidget *parent = nullptr);

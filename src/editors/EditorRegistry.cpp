@@ -4,7 +4,11 @@
 #include "core/Session.h"
 #include "core/genes/BrainLobe.h"
 #include "editors/GeneEditor.h"
+#include "editors/frmBorgan.h"
 #include "editors/frmBrainLobe.h"
+#include "editors/frmColour.h"
+#include "editors/frmColourBleed.h"
+#include "editors/frmOrgan.h"
 
 namespace {
 
@@ -19,7 +23,7 @@ template <class Editor, class G> GeneEditor *Make(Session &session, Gene &gene, 
 // gets the header panel and the standard buttons under its own dialog name.
 const Maker Makers[GeneKinds::Count] = {
     /* BrainLobe   */ Make<frmBrainLobe, clsBrainLobe>,
-    /* BrainOrgan  */ nullptr,
+    /* BrainOrgan  */ Make<frmBorgan, clsBorgan>,
     /* Receptor    */ nullptr,
     /* Emitter     */ nullptr,
     /* Reaction    */ nullptr,
@@ -31,9 +35,9 @@ const Maker Makers[GeneKinds::Count] = {
     /* Pose        */ nullptr,
     /* Gait        */ nullptr,
     /* Instinct    */ nullptr,
-    /* Colour      */ nullptr,
-    /* ColourBleed */ nullptr,
-    /* Organ       */ nullptr,
+    /* Colour      */ Make<frmColour, clsColour>,
+    /* ColourBleed */ Make<frmColourBleed, clsColourBleed>,
+    /* Organ       */ Make<frmOrgan, clsOrgan>,
 };
 
 } // namespace

@@ -1,0 +1,6 @@
+#include "editors/frmBorgan.h"
+
+frmBorgan::frmBorgan(Session &s, clsBorgan &organ, QWidget *mainWin)
+    : OrganEditor(s, organ, mainWin, GeneKind::BrainOrgan)
+{
+}

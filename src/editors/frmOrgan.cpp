@@ -1,0 +1,3 @@
+#include "editors/frmOrgan.h"
+
+frmOrgan::frmOrgan(Session &s, clsOrgan &organ, QWidget *mainWin) : OrganEditor(s, organ, mainWin, GeneKind::Organ) {}
