@@ -5,6 +5,10 @@
 #include "core/genes/BrainLobe.h"
 #include "editors/GeneEditor.h"
 #include "editors/frmBrainLobe.h"
+#include "editors/frmAppearance.h"
+#include "editors/frmGait.h"
+#include "editors/frmPose.h"
+#include "editors/frmSpecies.h"
 
 namespace {
 
@@ -26,10 +30,10 @@ const Maker Makers[GeneKinds::Count] = {
     /* HalfLives   */ nullptr,
     /* Inject      */ nullptr,
     /* Stimulus    */ nullptr,
-    /* Species     */ nullptr,
-    /* Appearance  */ nullptr,
-    /* Pose        */ nullptr,
-    /* Gait        */ nullptr,
+    /* Species     */ Make<frmSpecies, clsSpecies>,
+    /* Appearance  */ Make<frmAppearance, clsAppearance>,
+    /* Pose        */ Make<frmPose, clsPose>,
+    /* Gait        */ Make<frmGait, clsGait>,
     /* Instinct    */ nullptr,
     /* Colour      */ nullptr,
     /* ColourBleed */ nullptr,
