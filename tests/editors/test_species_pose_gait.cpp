@@ -23,7 +23,7 @@ class TestSpeciesPoseGait : public QObject
         g->Mum = QStringLiteral("MUMS"), g->Dad = QStringLiteral("DADS");
         return g;
     }
-    // Every message shown so far: its style and text.
+    // Every message shown so far: its style, title and text.
     QStringList Messages() const
     {
         QStringList m;
