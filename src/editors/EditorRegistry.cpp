@@ -6,9 +6,13 @@
 #include "editors/GeneEditor.h"
 #include "editors/frmBorgan.h"
 #include "editors/frmBrainLobe.h"
+#include "editors/frmAppearance.h"
 #include "editors/frmColour.h"
 #include "editors/frmColourBleed.h"
+#include "editors/frmGait.h"
 #include "editors/frmOrgan.h"
+#include "editors/frmPose.h"
+#include "editors/frmSpecies.h"
 
 namespace {
 
@@ -30,10 +34,10 @@ const Maker Makers[GeneKinds::Count] = {
     /* HalfLives   */ nullptr,
     /* Inject      */ nullptr,
     /* Stimulus    */ nullptr,
-    /* Species     */ nullptr,
-    /* Appearance  */ nullptr,
-    /* Pose        */ nullptr,
-    /* Gait        */ nullptr,
+    /* Species     */ Make<frmSpecies, clsSpecies>,
+    /* Appearance  */ Make<frmAppearance, clsAppearance>,
+    /* Pose        */ Make<frmPose, clsPose>,
+    /* Gait        */ Make<frmGait, clsGait>,
     /* Instinct    */ nullptr,
     /* Colour      */ Make<frmColour, clsColour>,
     /* ColourBleed */ Make<frmColourBleed, clsColourBleed>,
