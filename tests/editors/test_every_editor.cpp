@@ -36,7 +36,7 @@ QList<int> Differences(const QByteArray &a, const QByteArray &b)
 
 // What a user could do to every control of a dialog without pressing a button: each enabled
 // combo moves to its next item, each slider to another value, each check box toggles, each
-// unselected option is chosen, each text box gets a new number.
+// unselected option is chosen, each text box gets a new text.
 void TouchEverything(QWidget *dialog)
 {
     for (QComboBox *c : dialog->findChildren<QComboBox *>())
@@ -53,9 +53,19 @@ void TouchEverything(QWidget *dialog)
             o->setChecked(true);
             break;
         }
-    for (QLineEdit *t : dialog->findChildren<QLineEdit *>())
-        if (t->isEnabled() && !t->isReadOnly())
-            t->setText(t->text() == QLatin1String("7") ? QStringLiteral("9") : QStringLiteral("7"));
+    // A number box gets another number; a text box its own letters turned by one, so that a
+    // text of a fixed length (a moniker) stays valid.
+    for (QLineEdit *t : dialog->findChildren<QLineEdit *>()) {
+        if (!t->isEnabled() || t->isReadOnly())
+            continue;
+        const QString text = t->text();
+        bool number = false;
+        text.toInt(&number);
+        if (number || text.isEmpty())
+            t->setText(text == QLatin1String("7") ? QStringLiteral("9") : QStringLiteral("7"));
+        else
+            t->setText(text.mid(1) + text.left(1));
+    }
 }
 
 } // namespace
