@@ -82,11 +82,27 @@ QBoxLayout *GeneEditor::ButtonRow()
     return row;
 }
 
+// The standard buttons are made before the kind's own controls, so the focus chain would reach
+// them first; they stand below everything, Notes at the left, and are reached last.
+void GeneEditor::PutButtonsLastInTabOrder()
+{
+    QWidget *last = nullptr;
+    for (QWidget *w = nextInFocusChain(); w && w != this; w = w->nextInFocusChain())
+        if (w != btnNotes && w != btnOk && w != btnCancel && isAncestorOf(w) && (w->focusPolicy() & Qt::TabFocus))
+            last = w;
+    if (!last)
+        return;
+    setTabOrder(last, btnNotes);
+    setTabOrder(btnNotes, btnOk);
+    setTabOrder(btnOk, btnCancel);
+}
+
 void GeneEditor::EnsureLoaded()
 {
     if (loaded)
         return;
     loaded = true;
+    PutButtonsLastInTabOrder();
     // The size must be known for the cascade to keep the dialog on the screen.
     adjustSize();
     Placement::PlaceEditor(session, this, mainWindow);

@@ -83,6 +83,7 @@ protected:
 
 private:
     void NotesClicked();
+    void PutButtonsLastInTabOrder();
 
     Gene *gene;
     QWidget *mainWindow;

@@ -152,6 +152,14 @@ private slots:
         QSignalSpy helps(e, &GeneEditor::HelpRequested);
         QTest::keyClick(e, Qt::Key_F1);
         QCOMPARE(helps, QList<QVariantList>({{help}}));
+        // Tab reaches the buttons last, in the order they stand: Notes, Close, Cancel.
+        QStringList lastThree;
+        for (QWidget *w = e->btnCancel; lastThree.size() < 3 && w != e; w = w->previousInFocusChain())
+            if (w->focusPolicy() & Qt::TabFocus)
+                lastThree.prepend(w->objectName());
+        QCOMPARE(lastThree, QStringList({"btnNotes", "btnOk", "btnCancel"}));
+        for (QWidget *n = e->btnCancel->nextInFocusChain(); n && n != e; n = n->nextInFocusChain())
+            QVERIFY2(!(n->focusPolicy() & Qt::TabFocus), qPrintable(n->objectName() + " comes after Cancel"));
 
         // Close, untouched: the bytes come back but for the named foldings, the row once.
         QSignalSpy rows(s(), &Session::GeneRowChanged);
