@@ -5,6 +5,8 @@
 #include "core/genes/BrainLobe.h"
 #include "editors/GeneEditor.h"
 #include "editors/frmBrainLobe.h"
+#include "editors/frmInstinct.h"
+#include "editors/frmStimulus.h"
 
 namespace {
 
@@ -25,12 +27,12 @@ const Maker Makers[GeneKinds::Count] = {
     /* Reaction    */ nullptr,
     /* HalfLives   */ nullptr,
     /* Inject      */ nullptr,
-    /* Stimulus    */ nullptr,
+    /* Stimulus    */ Make<frmStimulus, clsStimulus>,
     /* Species     */ nullptr,
     /* Appearance  */ nullptr,
     /* Pose        */ nullptr,
     /* Gait        */ nullptr,
-    /* Instinct    */ nullptr,
+    /* Instinct    */ Make<frmInstinct, clsInstinct>,
     /* Colour      */ nullptr,
     /* ColourBleed */ nullptr,
     /* Organ       */ nullptr,
