@@ -10,9 +10,11 @@
 #include "editors/frmColour.h"
 #include "editors/frmColourBleed.h"
 #include "editors/frmGait.h"
+#include "editors/frmInstinct.h"
 #include "editors/frmOrgan.h"
 #include "editors/frmPose.h"
 #include "editors/frmSpecies.h"
+#include "editors/frmStimulus.h"
 
 namespace {
 
@@ -33,12 +35,12 @@ const Maker Makers[GeneKinds::Count] = {
     /* Reaction    */ nullptr,
     /* HalfLives   */ nullptr,
     /* Inject      */ nullptr,
-    /* Stimulus    */ nullptr,
+    /* Stimulus    */ Make<frmStimulus, clsStimulus>,
     /* Species     */ Make<frmSpecies, clsSpecies>,
     /* Appearance  */ Make<frmAppearance, clsAppearance>,
     /* Pose        */ Make<frmPose, clsPose>,
     /* Gait        */ Make<frmGait, clsGait>,
-    /* Instinct    */ nullptr,
+    /* Instinct    */ Make<frmInstinct, clsInstinct>,
     /* Colour      */ Make<frmColour, clsColour>,
     /* ColourBleed */ Make<frmColourBleed, clsColourBleed>,
     /* Organ       */ Make<frmOrgan, clsOrgan>,

@@ -126,3 +126,49 @@ QString ReferenceTables::LobeName(int lobe) const
         return LobeNames.at(lobe);
     return QStringLiteral("Lobe ") + QString::number(lobe);
 }
+
+// --- instinct conditions ---------------------------------------------------------------------
+
+namespace {
+const QString NotUsed = QStringLiteral("<NOT USED>");
+
+// Forty numbered objects, each as prefix + "<ID " + n + ">".
+QStringList NumberedIds(const QString &prefix)
+{
+    QStringList ids;
+    for (int n = 0; n < 40; ++n)
+        ids << prefix + QStringLiteral("<ID ") + QString::number(n) + QLatin1Char('>');
+    return ids;
+}
+} // namespace
+
+QStringList ReferenceTables::InstinctLobeNames() const
+{
+    return QStringList{NotUsed} + LobeNames.mid(1, 7);
+}
+
+QStringList ReferenceTables::InstinctNeuroneNames(int lobe) const
+{
+    switch (lobe) {
+    case 1: // drives
+        return DriveNames;
+    case 2: // where a stimulus came from
+        return NumberedIds(QString());
+    case 3: { // verbs
+        QStringList verbs;
+        for (const QString &action : ActionNames)
+            verbs << QStringLiteral("verb: ") + action;
+        return verbs;
+    }
+    case 4: // nouns
+        return NumberedIds(QStringLiteral("Noun: "));
+    case 5: // the sensory lobe, without "<none>"
+        return SenseNames.mid(1);
+    case 6: // decisions
+        return ActionNames;
+    case 7: // what the creature attends to
+        return NumberedIds(QStringLiteral(" IT is "));
+    default:
+        return {NotUsed};
+    }
+}

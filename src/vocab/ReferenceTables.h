@@ -51,4 +51,11 @@ struct ReferenceTables
     QString HalfLifeName(int value) const;
     // Name of a lobe number: its row of LobeNames, or "Lobe " + number.
     QString LobeName(int lobe) const;
+
+    // The conditions of an instinct. Lobe 0, the perceptible lobe, stands for no condition:
+    // "<NOT USED>", then the names of lobes 1 to 7, so that the row is the lobe number.
+    QStringList InstinctLobeNames() const;
+    // The neurones of lobe 1 to 7 as an instinct's condition names them, row = neurone
+    // number; for lobe 0 (and any other) the single row "<NOT USED>".
+    QStringList InstinctNeuroneNames(int lobe) const;
 };
