@@ -5,6 +5,8 @@
 #include "core/genes/BrainLobe.h"
 #include "editors/GeneEditor.h"
 #include "editors/frmBrainLobe.h"
+#include "editors/frmEmitter.h"
+#include "editors/frmReceptor.h"
 
 namespace {
 
@@ -20,8 +22,8 @@ template <class Editor, class G> GeneEditor *Make(Session &session, Gene &gene, 
 const Maker Makers[GeneKinds::Count] = {
     /* BrainLobe   */ Make<frmBrainLobe, clsBrainLobe>,
     /* BrainOrgan  */ nullptr,
-    /* Receptor    */ nullptr,
-    /* Emitter     */ nullptr,
+    /* Receptor    */ Make<frmReceptor, clsReceptor>,
+    /* Emitter     */ Make<frmEmitter, clsEmitter>,
     /* Reaction    */ nullptr,
     /* HalfLives   */ nullptr,
     /* Inject      */ nullptr,
