@@ -76,7 +76,9 @@ AttachmentCombos::AttachmentCombos(Session &s, Side sd, QWidget *owner, const QS
     for (int organ = 0; organ < ReferenceTables::OrganTargetCount; ++organ) {
         const QStringList below = t.TargetTissues(organ);
         tissues << below;
-        for (int tissue = 0; tissue < below.size(); ++tissue)
+        // Every lobe has the same loci, and the current organ's one tissue has its own.
+        const int tissuesWithOwnLoci = organ == 1 ? int(below.size()) : 1;
+        for (int tissue = 0; tissue < tissuesWithOwnLoci; ++tissue)
             loci << t.TargetLoci(side, organ, tissue);
     }
     WideEnoughFor(lstOrgan, t.OrganTargetNames);
