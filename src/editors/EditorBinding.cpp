@@ -7,6 +7,8 @@
 #include <QComboBox>
 #include <QLineEdit>
 
+#include <memory>
+
 ComboMap ComboMap::Modulo()
 {
     ComboMap m;
@@ -199,4 +201,29 @@ void Bindings::Store() const
     for (const Binding &b : list)
         if (b.store)
             b.store();
+}
+
+// --- Sliders that keep what they cannot show -------------------------------------------------
+
+void SliderKeepingUnshown(Bindings &bind, QAbstractSlider *slider, ByteRef field)
+{
+    // Whether the slider has moved or been acted on since it last showed its field.
+    auto touched = std::make_shared<bool>(false);
+    QObject::connect(slider, &QAbstractSlider::valueChanged, slider, [touched] { *touched = true; });
+    QObject::connect(slider, &QAbstractSlider::actionTriggered, slider, [touched] { *touched = true; });
+    bind.Step(
+        [=] {
+            if (quint8 *v = field()) {
+                slider->setValue(*v);
+                *touched = false;
+            }
+        },
+        [=] {
+            quint8 *v = field();
+            if (!v)
+                return;
+            const bool shown = *v >= slider->minimum() && *v <= slider->maximum();
+            if (shown || *touched)
+                *v = quint8(slider->value());
+        });
 }

@@ -109,3 +109,9 @@ private:
     };
     std::vector<Binding> list;
 };
+
+// --- Sliders that keep what they cannot show -------------------------------------------------
+// Slider value <-> byte, like Bindings::Slider, except that a stored value outside the
+// slider's range (shown at the nearer end) is kept on storing until the slider is moved or
+// acted on (an arrow, a key, a click in the trough, even at its end).
+void SliderKeepingUnshown(Bindings &bind, QAbstractSlider *slider, ByteRef field);

@@ -9,10 +9,12 @@
 #include "editors/frmAppearance.h"
 #include "editors/frmColour.h"
 #include "editors/frmColourBleed.h"
+#include "editors/frmEmitter.h"
 #include "editors/frmGait.h"
 #include "editors/frmInstinct.h"
 #include "editors/frmOrgan.h"
 #include "editors/frmPose.h"
+#include "editors/frmReceptor.h"
 #include "editors/frmSpecies.h"
 #include "editors/frmStimulus.h"
 
@@ -30,8 +32,8 @@ template <class Editor, class G> GeneEditor *Make(Session &session, Gene &gene, 
 const Maker Makers[GeneKinds::Count] = {
     /* BrainLobe   */ Make<frmBrainLobe, clsBrainLobe>,
     /* BrainOrgan  */ Make<frmBorgan, clsBorgan>,
-    /* Receptor    */ nullptr,
-    /* Emitter     */ nullptr,
+    /* Receptor    */ Make<frmReceptor, clsReceptor>,
+    /* Emitter     */ Make<frmEmitter, clsEmitter>,
     /* Reaction    */ nullptr,
     /* HalfLives   */ nullptr,
     /* Inject      */ nullptr,

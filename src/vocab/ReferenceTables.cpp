@@ -127,6 +127,7 @@ QString ReferenceTables::LobeName(int lobe) const
     return QStringLiteral("Lobe ") + QString::number(lobe);
 }
 
+<<<<<<< HEAD
 // --- instinct conditions ---------------------------------------------------------------------
 
 namespace {
@@ -172,3 +173,61 @@ QStringList ReferenceTables::InstinctNeuroneNames(int lobe) const
         return {NotUsed};
     }
 }
+=======
+// --- Places of receptors and emitters --------------------------------------------------------
+
+QStringList ReferenceTables::TargetTissues(int organ) const
+{
+    switch (organ) {
+    case 0: {
+        QStringList lobes;
+        for (int i = 0; i < BrainTissueCount; ++i)
+            lobes << LobeName(i);
+        return lobes;
+    }
+    case 1:
+        return TissueNames;
+    case 2:
+        return {QStringLiteral("<no tissue>")};
+    default:
+        return {};
+    }
+}
+
+QStringList ReferenceTables::TargetLoci(Attachment side, int organ, int tissue) const
+{
+    const bool receptor = side == Attachment::Receptor;
+    if (organ == 0)
+        return tissue >= 0 && tissue < BrainTissueCount ? (receptor ? BrainReceptorTargetLoci() : BrainEmitterLoci)
+                                                         : QStringList();
+    if (organ == 2)
+        return receptor ? OrganReceptorLoci : OrganEmitterLoci;
+    if (organ != 1)
+        return {};
+    switch (tissue) {
+    case 0:
+        return receptor ? SomaticReceptorLoci : SomaticEmitterLoci;
+    case 1:
+        return CirculatoryLoci;
+    case 2:
+        return receptor ? ReproductiveReceptorLoci : ReproductiveEmitterLoci;
+    case 3:
+        return receptor ? ImmuneReceptorLoci : ImmuneEmitterLoci;
+    case 4:
+        return receptor ? SensorimotorReceptorLoci : SensorimotorEmitterLoci;
+    case 5:
+        return DriveNames;
+    default:
+        return {};
+    }
+}
+
+QStringList ReferenceTables::BrainReceptorTargetLoci() const
+{
+    QStringList loci = BrainReceptorLoci;
+    // The table ends with cell 39 at row 58; the rule goes on from row 59 with cell 40.
+    for (int n = int(loci.size()); n < BrainReceptorLocusCount; ++n)
+        loci << QStringLiteral("Cell(") + QString::number(n - 19) + QStringLiteral(") State");
+    return loci;
+}
+>>>>>>> receptor

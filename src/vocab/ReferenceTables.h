@@ -52,10 +52,27 @@ struct ReferenceTables
     // Name of a lobe number: its row of LobeNames, or "Lobe " + number.
     QString LobeName(int lobe) const;
 
+<<<<<<< HEAD
     // The conditions of an instinct. Lobe 0, the perceptible lobe, stands for no condition:
     // "<NOT USED>", then the names of lobes 1 to 7, so that the row is the lobe number.
     QStringList InstinctLobeNames() const;
     // The neurones of lobe 1 to 7 as an instinct's condition names them, row = neurone
     // number; for lobe 0 (and any other) the single row "<NOT USED>".
     QStringList InstinctNeuroneNames(int lobe) const;
+=======
+    // --- Places of receptors and emitters: organ target, tissue, locus ---------------------
+    // Each level's rows are the values stored in the gene, in the order of its list.
+    static constexpr int OrganTargetCount = 3;
+    static constexpr int BrainTissueCount = 32;      // lobes 0..31
+    static constexpr int BrainReceptorLocusCount = 256;
+    enum class Attachment { Receptor, Emitter };
+    // The tissues under an organ target: the 32 lobe names for the brain, TissueNames for the
+    // creature, the one "<no tissue>" for the current organ; none for any other target.
+    QStringList TargetTissues(int organ) const;
+    // The loci under an organ target and tissue. Every lobe has the same loci; the current
+    // organ's do not depend on the tissue. None for a target or tissue with no row.
+    QStringList TargetLoci(Attachment side, int organ, int tissue) const;
+    // BrainReceptorLoci carried on to 256 rows: row n from 59 on is "Cell(" + (n - 19) + ") State".
+    QStringList BrainReceptorTargetLoci() const;
+>>>>>>> receptor
 };
