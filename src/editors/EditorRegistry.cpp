@@ -5,6 +5,9 @@
 #include "core/genes/BrainLobe.h"
 #include "editors/GeneEditor.h"
 #include "editors/frmBrainLobe.h"
+#include "editors/frmHalfLives.h"
+#include "editors/frmInject.h"
+#include "editors/frmReaction.h"
 
 namespace {
 
@@ -22,9 +25,9 @@ const Maker Makers[GeneKinds::Count] = {
     /* BrainOrgan  */ nullptr,
     /* Receptor    */ nullptr,
     /* Emitter     */ nullptr,
-    /* Reaction    */ nullptr,
-    /* HalfLives   */ nullptr,
-    /* Inject      */ nullptr,
+    /* Reaction    */ Make<frmReaction, clsReaction>,
+    /* HalfLives   */ Make<frmHalfLives, clsHalfLives>,
+    /* Inject      */ Make<frmInject, clsInject>,
     /* Stimulus    */ nullptr,
     /* Species     */ nullptr,
     /* Appearance  */ nullptr,
