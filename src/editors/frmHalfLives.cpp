@@ -42,6 +42,12 @@ frmHalfLives::frmHalfLives(Session &s, clsHalfLives &halfLives, QWidget *mainWin
     // both count as a click on the list. Run twice for one click, it does the same.
     connect(lstChem, &QListWidget::currentRowChanged, this, &frmHalfLives::ChemicalClicked);
     connect(lstChem, &QListWidget::itemClicked, this, &frmHalfLives::ChemicalClicked);
+    // The slider always works on the current row, so the current row stays selected: a
+    // Ctrl+click cannot leave it unmarked.
+    connect(lstChem, &QListWidget::itemSelectionChanged, this, [this] {
+        if (QListWidgetItem *current = lstChem->currentItem(); current && !current->isSelected())
+            current->setSelected(true);
+    });
     // Connected after the slider's own read-out, which so comes first.
     connect(scrSet, &QScrollBar::valueChanged, this, &frmHalfLives::SetChanged);
 

@@ -197,6 +197,9 @@ private slots:
         QCOMPARE(list->currentRow(), 5);
         QCOMPARE(e->scrSet->value(), 16);
         QCOMPARE(Status(), QStringLiteral("Slider: 128 (Max to 0 in apprx. 5 hrs)"));
+        // Ctrl+click does not unmark the row the slider works on.
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::ControlModifier, list->visualItemRect(list->item(5)).center());
+        QCOMPARE(list->selectedItems(), QList<QListWidgetItem *>({list->item(5)}));
 
         e->btnOk->click();
         QCOMPARE(QList<int>({g->HalfLife[0], g->HalfLife[1], g->HalfLife[2], g->HalfLife[3], g->HalfLife[4],
