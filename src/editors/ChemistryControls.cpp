@@ -1,18 +1,29 @@
 #include "editors/ChemistryControls.h"
 
+#include "core/Session.h"
 #include "editors/EditorCommon.h"
 
 #include <QBoxLayout>
 #include <QLabel>
 #include <QListView>
 
+namespace {
+// A combo is at least this many characters wide, and widens for longer names up to the cap.
+constexpr int UsualNameLength = 14, LongestNameShown = 30;
+} // namespace
+
 ChemicalCombo *MakeChemicalCombo(Session &session, QWidget *parent, const QString &name)
 {
     auto *combo = new ChemicalCombo(session, parent);
     combo->setObjectName(name);
-    // Sized for a usual name rather than for the longest of 256; the open list shows all.
+    // Wide enough for the longest name of the list as it stands (an unnamed chemical shows its
+    // short number), within limits; the open list shows every name whole. Sized here, before
+    // the dialog takes its size and place.
+    int longest = 0;
+    for (int i = 0; i < 256; ++i)
+        longest = qMax(longest, int(session.Lists.ChemicalNames[size_t(i)].size()));
     combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    combo->setMinimumContentsLength(14);
+    combo->setMinimumContentsLength(qBound(UsualNameLength, longest, LongestNameShown));
     combo->view()->setTextElideMode(Qt::ElideNone);
     return combo;
 }

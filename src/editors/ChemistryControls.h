@@ -11,8 +11,8 @@ class QWidget;
 class Session;
 class TimeSlider;
 
-// A combo of the 256 chemicals under its control name, wide enough for a usual name; its
-// drop-down list is as wide as the longest name needs.
+// A combo of the 256 chemicals under its control name, as wide as the longest chemical name
+// within limits.
 ChemicalCombo *MakeChemicalCombo(Session &session, QWidget *parent, const QString &name);
 
 // What an editor's load does to each of its chemical combos: fill it with the chemicals and
