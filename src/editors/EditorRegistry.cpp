@@ -11,9 +11,12 @@
 #include "editors/frmColourBleed.h"
 #include "editors/frmEmitter.h"
 #include "editors/frmGait.h"
+#include "editors/frmHalfLives.h"
+#include "editors/frmInject.h"
 #include "editors/frmInstinct.h"
 #include "editors/frmOrgan.h"
 #include "editors/frmPose.h"
+#include "editors/frmReaction.h"
 #include "editors/frmReceptor.h"
 #include "editors/frmSpecies.h"
 #include "editors/frmStimulus.h"
@@ -34,9 +37,9 @@ const Maker Makers[GeneKinds::Count] = {
     /* BrainOrgan  */ Make<frmBorgan, clsBorgan>,
     /* Receptor    */ Make<frmReceptor, clsReceptor>,
     /* Emitter     */ Make<frmEmitter, clsEmitter>,
-    /* Reaction    */ nullptr,
-    /* HalfLives   */ nullptr,
-    /* Inject      */ nullptr,
+    /* Reaction    */ Make<frmReaction, clsReaction>,
+    /* HalfLives   */ Make<frmHalfLives, clsHalfLives>,
+    /* Inject      */ Make<frmInject, clsInject>,
     /* Stimulus    */ Make<frmStimulus, clsStimulus>,
     /* Species     */ Make<frmSpecies, clsSpecies>,
     /* Appearance  */ Make<frmAppearance, clsAppearance>,
