@@ -127,7 +127,6 @@ QString ReferenceTables::LobeName(int lobe) const
     return QStringLiteral("Lobe ") + QString::number(lobe);
 }
 
-<<<<<<< HEAD
 // --- instinct conditions ---------------------------------------------------------------------
 
 namespace {
@@ -173,7 +172,7 @@ QStringList ReferenceTables::InstinctNeuroneNames(int lobe) const
         return {NotUsed};
     }
 }
-=======
+
 // --- Places of receptors and emitters --------------------------------------------------------
 
 QStringList ReferenceTables::TargetTissues(int organ) const
@@ -230,4 +229,3 @@ QStringList ReferenceTables::BrainReceptorTargetLoci() const
         loci << QStringLiteral("Cell(") + QString::number(n - 19) + QStringLiteral(") State");
     return loci;
 }
->>>>>>> receptor

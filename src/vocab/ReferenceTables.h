@@ -52,14 +52,13 @@ struct ReferenceTables
     // Name of a lobe number: its row of LobeNames, or "Lobe " + number.
     QString LobeName(int lobe) const;
 
-<<<<<<< HEAD
     // The conditions of an instinct. Lobe 0, the perceptible lobe, stands for no condition:
     // "<NOT USED>", then the names of lobes 1 to 7, so that the row is the lobe number.
     QStringList InstinctLobeNames() const;
     // The neurones of lobe 1 to 7 as an instinct's condition names them, row = neurone
     // number; for lobe 0 (and any other) the single row "<NOT USED>".
     QStringList InstinctNeuroneNames(int lobe) const;
-=======
+
     // --- Places of receptors and emitters: organ target, tissue, locus ---------------------
     // Each level's rows are the values stored in the gene, in the order of its list.
     static constexpr int OrganTargetCount = 3;
@@ -74,5 +73,4 @@ struct ReferenceTables
     QStringList TargetLoci(Attachment side, int organ, int tissue) const;
     // BrainReceptorLoci carried on to 256 rows: row n from 59 on is "Cell(" + (n - 19) + ") State".
     QStringList BrainReceptorTargetLoci() const;
->>>>>>> receptor
 };
