@@ -54,9 +54,12 @@ frmReorganise::frmReorganise(Session &s, std::function<void()> fill, QWidget *pa
     ChemicalFrame->setObjectName(QStringLiteral("ChemicalFrame"));
     ChemicalNameLabel = Form::Label(ChemicalFrame, QStringLiteral("ChemicalNameLabel"), QStringLiteral("-"));
     ChemicalNameLabel->setWordWrap(true);
+    ChemicalNameLabel->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     QFont bold = ChemicalNameLabel->font();
     bold.setBold(true);
     ChemicalNameLabel->setFont(bold);
+    // Room for a long name in three lines, so that picking one moves nothing.
+    ChemicalNameLabel->setMinimumHeight(QFontMetrics(bold).lineSpacing() * 3);
     ChemicalNumberLabel = Form::Label(ChemicalFrame, QStringLiteral("ChemicalNumberLabel"), QStringLiteral("0"));
     WasLabel = Form::Label(ChemicalFrame, QStringLiteral("WasLabel"), QStringLiteral("(none)"));
     ChangeTextBox = new QLineEdit(QStringLiteral("(none)"), ChemicalFrame);
@@ -67,11 +70,12 @@ frmReorganise::frmReorganise(Session &s, std::function<void()> fill, QWidget *pa
     auto *grid = new QGridLayout(ChemicalFrame);
     grid->addWidget(ChemicalNameLabel, 0, 0, 1, 2);
     grid->addWidget(ChemicalNumberLabel, 1, 0, 1, 2);
-    Form::Cells(grid, ChemicalFrame, 2, {"Current:", WasLabel});
-    Form::Cells(grid, ChemicalFrame, 3, {"Change to::", ChangeTextBox});
+    Form::Cells(grid, ChemicalFrame, 2, {"Current:", Form::Cell(WasLabel, Qt::AlignLeft)});
+    Form::Cells(grid, ChemicalFrame, 3, {"Change to::", Form::Cell(ChangeTextBox, Qt::AlignLeft)});
     grid->addWidget(ChangeCommand, 4, 0, 1, 2, Qt::AlignRight);
     grid->setRowStretch(5, 1);
     grid->setColumnStretch(1, 1);
+    ChemicalFrame->setFixedWidth(metrics.averageCharWidth() * 32);
 
     ReorganiseCommand = Form::NamedButton(this, QStringLiteral("ReorganiseCommand"), QStringLiteral("Reorganise Chemicals Now"));
     CloseReorganiseCommand = Form::NamedButton(this, QStringLiteral("CloseReorganiseCommand"), QStringLiteral("&Close"));
