@@ -13,6 +13,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QLabel>
+#include <QMenu>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTreeWidget>
@@ -63,6 +64,24 @@ private slots:
         form.reset();
         session.reset();
         QVERIFY(prompt.AllAnswered());
+    }
+
+    void theCommandsStandInTheAdvancedMenuAmongItsOtherEntries()
+    {
+        // The entries of this menu that come from elsewhere may stand between these; the
+        // order of these, and where they stand among the others, is fixed.
+        const QStringList known{"gappaSavePoseDescriptions", "gappaResetPoseNames", "sep2", "gappaSaveChemicalList",
+                                "gappaResetChemicals", "gappaReorganise", "sep3", "gappaResetMutabilityValues",
+                                "gappaSanityCheck", "gappaChangeDefaultTemplate"};
+        QStringList entries;
+        for (QAction *a : form->gappAdvanced->actions())
+            if (known.contains(a->objectName()))
+                entries << a->objectName() + (a->isSeparator() ? QString() : '=' + a->text());
+        QCOMPARE(entries.join(','),
+                 QStringLiteral("gappaSavePoseDescriptions=Save Pose Descriptions,gappaResetPoseNames=Reset Pose Names,sep2,"
+                                "gappaSaveChemicalList=Save Chemical List,gappaResetChemicals=Reset Chemicals,"
+                                "gappaReorganise=Reorganise Chemical Order,sep3,gappaResetMutabilityValues=Reset Mutability Values,"
+                                "gappaSanityCheck=Sanity Check Genome,gappaChangeDefaultTemplate=Change Default Template"));
     }
 
     // --- sanity check -----------------------------------------------------------------------
