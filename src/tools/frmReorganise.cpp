@@ -88,9 +88,19 @@ frmReorganise::frmReorganise(Session &s, std::function<void()> fill, QWidget *pa
     layout->addWidget(ChemicalListFrame, 1);
     layout->addLayout(side);
 
+    // A click picks a row, also the one already selected; the arrow keys pick the row they select.
     connect(ReorganiseListView, &QTreeWidget::itemClicked, this,
             [this](QTreeWidgetItem *item) { PickChemical(ReorganiseListView->indexOfTopLevelItem(item) + 1); });
+    connect(ReorganiseListView, &QTreeWidget::itemSelectionChanged, this, [this] {
+        const QList<QTreeWidgetItem *> selected = ReorganiseListView->selectedItems();
+        if (!selected.isEmpty())
+            PickChemical(ReorganiseListView->indexOfTopLevelItem(selected.first()) + 1);
+    });
     connect(ChangeCommand, &QPushButton::clicked, this, &frmReorganise::Change);
+    connect(ChangeTextBox, &QLineEdit::returnPressed, this, [this] {
+        if (ChangeCommand->isEnabled())
+            Change();
+    });
     connect(ReorganiseCommand, &QPushButton::clicked, this, &frmReorganise::Reorganise);
     connect(CloseReorganiseCommand, &QPushButton::clicked, this, &QDialog::close);
 

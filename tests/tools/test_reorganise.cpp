@@ -150,6 +150,12 @@ private slots:
         // Picking again puts the chemical's own number into the box.
         Move(20, QStringLiteral("20"));
         QCOMPARE(Row(20)->text(2), QStringLiteral("20"));
+        // The arrow keys pick the row they move to, and Enter in the box records the move.
+        QTest::keyClick(dialog->ReorganiseListView, Qt::Key_Down);
+        QCOMPARE(dialog->WasLabel->text() + '|' + dialog->ChangeTextBox->text(), QStringLiteral("21|21"));
+        dialog->ChangeTextBox->setText(QStringLiteral("40"));
+        QTest::keyClick(dialog->ChangeTextBox, Qt::Key_Return);
+        QCOMPARE(Row(21)->text(2), QStringLiteral("40"));
     }
 
     void recordingRefusesWithTheseMessages_data()
