@@ -56,6 +56,8 @@ class TestReorganise : public QObject
     std::unique_ptr<Session> session;
     std::unique_ptr<HelixbenchForm> form;
     frmReorganise *dialog = nullptr;
+    // Outlives the session, whose genes may still point at it when a check fails early.
+    std::unique_ptr<FakeReceptorView> fakeView;
 
     NameLists &Lists() { return session->Lists; }
     void Name(int i, const char *name, const char *caption = "")
@@ -116,6 +118,7 @@ private slots:
     {
         form.reset();
         session.reset();
+        fakeView.reset();
         dialog = nullptr;
         QVERIFY(prompt.AllAnswered());
     }
@@ -338,7 +341,8 @@ private slots:
         receptor.Chem = 20;
         auto &other = Add<clsReceptor>(*session, 1, 0);
         other.Chem = 10;
-        FakeReceptorView view(receptor);
+        fakeView.reset(new FakeReceptorView(receptor));
+        FakeReceptorView &view = *fakeView;
         receptor.View = &view;
         receptor.IsOpen = true;
         view.shownChem = 10; // the user picked chemical 10 and hasn't closed the editor yet
@@ -354,8 +358,6 @@ private slots:
         QCOMPARE(int(other.Chem), 20);
         receptor.GetControls();
         QCOMPARE(int(receptor.Chem), 20);
-        receptor.View = nullptr;
-        receptor.IsOpen = false;
     }
 
     void closingTheDialogDropsTheMoves()
