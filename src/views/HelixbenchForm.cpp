@@ -2,9 +2,12 @@
 
 #include "widgets/Placement.h"
 #include "core/Gene.h"
+#include "core/BulkResets.h"
+#include "core/SanityCheck.h"
 #include "core/Session.h"
 #include "link/ExportTab.h"
 #include "settings/frmOptions.h"
+#include "tools/frmReorganise.h"
 #include "views/ChemicalTab.h"
 #include "views/CoverPicture.h"
 #include "views/frmChangeDefaultTemplate.h"
@@ -144,10 +147,26 @@ void HelixbenchForm::BuildMenus()
     gappAdvanced->setObjectName(QStringLiteral("gappAdvanced"));
     AddAction(gappAdvanced, "gappaSavePoseDescriptions", QStringLiteral("Save Pose Descriptions"),
               [this] { poseTab->SaveListCommand(); });
+    // A reset list is shown anew with its count line.
+    const auto resetList = [this](ResettableList list, NameListTab *tab) {
+        if (ResetListToDefaults(session, list)) {
+            tab->FillView();
+            tab->ShowCount();
+        }
+    };
+    AddAction(gappAdvanced, "gappaResetPoseNames", QStringLiteral("Reset Pose Names"),
+              [this, resetList] { resetList(ResettableList::Poses, poseTab); });
     gappAdvanced->addSeparator()->setObjectName(QStringLiteral("sep2"));
     AddAction(gappAdvanced, "gappaSaveChemicalList", QStringLiteral("Save Chemical List"),
               [this] { chemicalTab->SaveListCommand(); });
+    AddAction(gappAdvanced, "gappaResetChemicals", QStringLiteral("Reset Chemicals"),
+              [this, resetList] { resetList(ResettableList::Chemicals, chemicalTab); });
+    AddAction(gappAdvanced, "gappaReorganise", QStringLiteral("Reorganise Chemical Order"),
+              [this] { frmReorganise::Open(session, [this] { chemicalTab->FillView(); }, this); });
     gappAdvanced->addSeparator()->setObjectName(QStringLiteral("sep3"));
+    AddAction(gappAdvanced, "gappaResetMutabilityValues", QStringLiteral("Reset Mutability Values"),
+              [this] { ResetMutabilityValues(session); });
+    AddAction(gappAdvanced, "gappaSanityCheck", QStringLiteral("Sanity Check Genome"), [this] { SanityCheck(session); });
     AddAction(gappAdvanced, "gappaChangeDefaultTemplate", QStringLiteral("Change Default Template"),
               [this] { frmChangeDefaultTemplate::Open(session, this); });
     gappAdvanced->addSeparator()->setObjectName(QStringLiteral("sep3b"));
