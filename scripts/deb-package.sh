@@ -64,18 +64,29 @@ if [ "$install" = yes ]; then
   check "installed: helixbench on the PATH" "[ \"\$(command -v helixbench)\" = /usr/bin/helixbench ]"
   check "installed: the desktop file is valid" "! command -v desktop-file-validate >/dev/null || desktop-file-validate /usr/share/applications/helixbench.desktop"
   home=$(mktemp -d)
-  runner=(env QT_QPA_PLATFORM=offscreen)
-  command -v xvfb-run >/dev/null && runner=(xvfb-run -a)
-  # The program runs until it is closed: it counts as started if it is still up after 5 s.
-  # It is then ended by its own process id.
-  HOME=$home XDG_CONFIG_HOME=$home/.config "${runner[@]}" helixbench >"$home/out.log" 2>&1 &
-  runner_pid=$!
-  sleep 5
-  prog=$(pgrep -P "$runner_pid" -x helixbench || true)
-  [ -z "$prog" ] && kill -0 "$runner_pid" 2>/dev/null && [ "${runner[0]}" = env ] && prog=$runner_pid
-  check "installed: the program started and is running after 5 s" "[ -n '$prog' ] && kill -0 $prog 2>/dev/null"
-  [ -n "$prog" ] && kill "$prog" 2>/dev/null || true
-  wait "$runner_pid" 2>/dev/null || true
+  # The installed program is started from the PATH as the menu's launcher starts it, left
+  # running for 5 s and then ended by its own process id. Under xvfb-run the windows it put
+  # on the screen are listed too.
+  cat >"$home/start.sh" <<'INNER'
+helixbench >"$HOME/out.log" 2>&1 &
+pid=$!
+sleep 5
+if kill -0 "$pid" 2>/dev/null; then echo running; else echo "ended early"; fi
+command -v xwininfo >/dev/null && [ -n "${DISPLAY:-}" ] && xwininfo -root -tree | grep -o '"Helixbench[^"]*"' | sort -u | sed 's/^/window /'
+kill "$pid" 2>/dev/null
+wait "$pid" 2>/dev/null
+exit 0
+INNER
+  if command -v xvfb-run >/dev/null; then
+    HOME=$home XDG_CONFIG_HOME=$home/.config xvfb-run -a sh "$home/start.sh" >"$home/report" 2>&1
+  else
+    HOME=$home XDG_CONFIG_HOME=$home/.config QT_QPA_PLATFORM=offscreen sh "$home/start.sh" >"$home/report" 2>&1
+  fi
+  sed 's/^/    /' "$home/report"
+  check "installed: the program started and is running after 5 s" "grep -qx running '$home/report'"
+  if command -v xvfb-run >/dev/null && command -v xwininfo >/dev/null; then
+    check "installed: it shows a window titled Helixbench" "grep -q '^window \"Helixbench' '$home/report'"
+  fi
   sed 's/^/    program: /' "$home/out.log" | head -10
   rm -rf "$home"
   apt-get remove -y helixbench </dev/null >/dev/null 2>&1
