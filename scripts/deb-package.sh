@@ -62,7 +62,11 @@ if [ "$install" = yes ]; then
   apt-get install -y "./$deb" </dev/null >/tmp/helixbench-apt.log 2>&1 || { tail -20 /tmp/helixbench-apt.log; exit 1; }
   check "installed: dpkg knows it" "dpkg -s helixbench | grep -q '^Status: install ok installed'"
   check "installed: helixbench on the PATH" "[ \"\$(command -v helixbench)\" = /usr/bin/helixbench ]"
-  check "installed: the desktop file is valid" "! command -v desktop-file-validate >/dev/null || desktop-file-validate /usr/share/applications/helixbench.desktop"
+  if command -v desktop-file-validate >/dev/null; then
+    check "installed: the desktop file is valid" "desktop-file-validate /usr/share/applications/helixbench.desktop"
+  else
+    echo "skip the desktop file's validation (no desktop-file-validate; Debian package desktop-file-utils)"
+  fi
   home=$(mktemp -d)
   # The installed program is started from the PATH as the menu's launcher starts it, left
   # running for 5 s and then ended by its own process id. Under xvfb-run the windows it put

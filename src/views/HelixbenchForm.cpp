@@ -7,6 +7,7 @@
 #include "settings/AboutForm.h"
 #include "settings/HelpSystem.h"
 #include "settings/HelpTopics.h"
+#include "settings/HelpWindow.h"
 #include "settings/frmOptions.h"
 #include "views/ChemicalTab.h"
 #include "views/CoverPicture.h"
@@ -199,12 +200,11 @@ void HelixbenchForm::Startup(const QString &appDirectory)
     session.WelcomeFirstRun();
     session.PlacementStep = 999;
     session.Lists.ChemicalsChanged = session.Lists.PosesChanged = session.Lists.ScriptsChanged = false;
-    session.HelpFile = session.AppDirectory + (session.AppDirectory.endsWith(QLatin1Char('/')) ? QString() : QStringLiteral("/"))
-                       + QStringLiteral("Helixbench.hlp");
+    session.HelpFile = HelpDocument::PathIn(session.AppDirectory);
     Help->Register(session.HelpFile);
     session.LoadSettings();
     Placement::CentreForm(this);
-    VersionLabel->setText(QStringLiteral("3.42 mc-c"));
+    VersionLabel->setText(AboutForm::VersionText);
     session.QuitConfirm = true;
 }
 

@@ -142,8 +142,9 @@ private slots:
         QCOMPARE(Shown(), QStringLiteral("contents"));
     }
 
-    // The rule dialog is modal: F1 there opens the help as a window of that dialog, so it can be
-    // read and scrolled while the dialog waits; when the dialog closes, the help stays open.
+    // The rule dialog is modal: F1 there opens the help as a window of that dialog (a modal
+    // dialog blocks every window but its own), so it can be read and scrolled while the dialog
+    // waits; when the dialog closes, the help stays open on its own.
     void f1InTheModalRuleDialog()
     {
         bool seen = false;
