@@ -6,12 +6,20 @@
 //
 // NAME picks pictures by their file name without ".png" ("frmReceptor", "tab3"); none takes
 // all. The session reads the list files beside the program and loads samples/Sample.gen.
+// Besides the tabs and the editors there are the small dialogs ("frmOptions", "NewGeneForm",
+// "AboutForm") and the help window at its contents ("HelpWindow") or at an anchor
+// ("help-2001"); scripts/help-pictures.sh renews the help's pictures with them.
 #include "base/AutoPrompt.h"
 #include "core/Gene.h"
 #include "core/Session.h"
 #include "editors/EditorRegistry.h"
 #include "editors/GeneEditor.h"
+#include "settings/AboutForm.h"
+#include "settings/HelpSystem.h"
+#include "settings/HelpWindow.h"
+#include "settings/frmOptions.h"
 #include "views/HelixbenchForm.h"
+#include "views/NewGeneForm.h"
 
 #include <QApplication>
 #include <QDir>
@@ -42,6 +50,7 @@ void Save(QWidget *w, const QDir &out, const QString &name)
 int main(int argc, char *argv[])
 {
     QApplication app(argc, argv);
+    QApplication::setApplicationVersion(QStringLiteral(HELIX_FILE_VERSION));
     QStringList args = app.arguments().mid(1);
     if (args.isEmpty()) {
         std::fprintf(stderr, "usage: helix_shots OUTDIR [NAME...]\n");
@@ -83,6 +92,37 @@ int main(int argc, char *argv[])
         if (auto *editor = dynamic_cast<GeneEditor *>(g->View))
             Save(editor, out, name);
         g->CloseView();
+    }
+
+    // The small dialogs, each as it opens.
+    if (Wanted(args, QStringLiteral("frmOptions"))) {
+        frmOptions options(session, &window);
+        Save(&options, out, QStringLiteral("frmOptions"));
+    }
+    if (Wanted(args, QStringLiteral("NewGeneForm"))) {
+        NewGeneForm newGene(session, &window);
+        Save(&newGene, out, QStringLiteral("NewGeneForm"));
+    }
+    if (Wanted(args, QStringLiteral("AboutForm"))) {
+        AboutForm *about = AboutForm::Open(&window);
+        Save(about, out, QStringLiteral("AboutForm"));
+        about->close();
+    }
+
+    // The help window, at its contents and at the anchors asked for by name.
+    QStringList helpShots;
+    if (Wanted(args, QStringLiteral("HelpWindow")))
+        helpShots << QStringLiteral("HelpWindow");
+    for (const QString &name : args)
+        if (name.startsWith(QLatin1String("help-")))
+            helpShots << name;
+    for (const QString &name : helpShots) {
+        const QString anchor = name == QLatin1String("HelpWindow") ? QStringLiteral("contents") : name.mid(5);
+        if (!window.Help->ShowHelpAnchor(anchor)) {
+            std::fprintf(stderr, "no usable help file at %s\n", qPrintable(window.Help->HelpFilePath()));
+            continue;
+        }
+        Save(window.Help->Window(), out, name);
     }
     return 0;
 }

@@ -9,6 +9,7 @@ int main(int argc, char *argv[])
 {
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Helixbench"));
+    QApplication::setApplicationVersion(QStringLiteral(HELIX_FILE_VERSION));
     QGuiApplication::setDesktopFileName(QStringLiteral("helixbench"));
 
     QtPrompt prompt;

@@ -6,6 +6,10 @@
 #include "core/SanityCheck.h"
 #include "core/Session.h"
 #include "link/ExportTab.h"
+#include "settings/AboutForm.h"
+#include "settings/HelpSystem.h"
+#include "settings/HelpTopics.h"
+#include "settings/HelpWindow.h"
 #include "settings/frmOptions.h"
 #include "tools/frmReorganise.h"
 #include "views/ChemicalTab.h"
@@ -175,6 +179,22 @@ void HelixbenchForm::BuildMenus()
     gappWindow = menuBar()->addMenu(QStringLiteral("Window"));
     gappWindow->setObjectName(QStringLiteral("gappWindow"));
     AddAction(gappWindow, "gappwCloseAll", QStringLiteral("Close all Gene Windows"), [this] { session.CloseAllViews(); });
+
+    BuildHelpMenu();
+}
+
+void HelixbenchForm::BuildHelpMenu()
+{
+    Help = new HelpSystem(this);
+    gappHelp = menuBar()->addMenu(QStringLiteral("Help"));
+    gappHelp->setObjectName(QStringLiteral("gappHelp"));
+    AddAction(gappHelp, "gapphContents", QStringLiteral("Contents"), [this] { Help->ShowHelpContents(); });
+    gappHelp->addSeparator()->setObjectName(QStringLiteral("sep4"));
+    AddAction(gappHelp, "gapphAbout", QStringLiteral("About Helixbench"), [this] { AboutForm::Open(this); });
+
+    setProperty("HelpTopic", HelpTopics::TabAnchor(SSTab1->currentIndex()));
+    connect(SSTab1, &QTabWidget::currentChanged, this,
+            [this](int tab) { setProperty("HelpTopic", HelpTopics::TabAnchor(tab)); });
 }
 
 void HelixbenchForm::BuildStatusBar()
@@ -199,11 +219,11 @@ void HelixbenchForm::Startup(const QString &appDirectory)
     session.WelcomeFirstRun();
     session.PlacementStep = 999;
     session.Lists.ChemicalsChanged = session.Lists.PosesChanged = session.Lists.ScriptsChanged = false;
-    session.HelpFile = session.AppDirectory + (session.AppDirectory.endsWith(QLatin1Char('/')) ? QString() : QStringLiteral("/"))
-                       + QStringLiteral("Helixbench.hlp");
+    session.HelpFile = HelpDocument::PathIn(session.AppDirectory);
+    Help->Register(session.HelpFile);
     session.LoadSettings();
     Placement::CentreForm(this);
-    VersionLabel->setText(QStringLiteral("3.42 mc-c"));
+    VersionLabel->setText(AboutForm::VersionText);
     session.QuitConfirm = true;
 }
 

@@ -12,6 +12,7 @@ class GenotypeTab;
 class OrganViewTab;
 class GeneEditorTab;
 class ExportTab;
+class HelpSystem;
 
 // The main window: the one window that lasts for the whole run.
 class HelixbenchForm : public QMainWindow
@@ -40,6 +41,9 @@ public:
     PoseTab *poseTab = nullptr;
     ExportTab *exportTab = nullptr;
 
+    // The help file, the help window and F1 in every window.
+    HelpSystem *Help = nullptr;
+
     // Creates a menu action named and captioned as given, connected to slot.
     template <typename F> QAction *AddAction(QMenu *menu, const char *name, const QString &caption, F slot);
 
@@ -50,6 +54,8 @@ protected:
 private:
     void BuildTabs();
     void BuildMenus();
+    // The Help menu, and F1 of the main window leading to the page of the tab shown.
+    void BuildHelpMenu();
     void BuildStatusBar();
     QWidget *BuildCoverTab();
     void OpenOptions();
