@@ -62,6 +62,8 @@ QScrollBar *BuildSlider(Session &session, const QString &name, int minimum, int 
     // move the thumb the way they point.
     if (reversed)
         bar->setLayoutDirection(Qt::RightToLeft);
+    // A scroll bar's keys run against its arrows by default: Left would raise the value.
+    bar->setInvertedControls(false);
     bar->setMinimumWidth(Placement::TwipsToPixels(2250, bar));
     bar->setFocusPolicy(Qt::StrongFocus);
     if (withReadout)
@@ -90,6 +92,7 @@ TimeSlider::TimeSlider(Session &s, const QString &name, QWidget *parent)
     setSingleStep(1);
     setPageStep(1);
     setLayoutDirection(Qt::RightToLeft); // the longest time at the left
+    setInvertedControls(false);          // so the arrow keys move the thumb the way they point
     setMinimumWidth(Placement::TwipsToPixels(2250, this));
     setFocusPolicy(Qt::StrongFocus);
     connect(this, &QScrollBar::valueChanged, this, [this](int position) { ShowSliderTime(session, position * 8); });

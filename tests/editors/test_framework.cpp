@@ -202,6 +202,14 @@ private slots:
         bar.upsideDown = time.invertedAppearance();
         QVERIFY(time.style()->subControlRect(QStyle::CC_ScrollBar, &bar, QStyle::SC_ScrollBarSlider, &time).right()
                 < time.width() / 2);
+        // The arrow keys move the thumb the way they point, on a time slider and a plain one.
+        std::unique_ptr<QScrollBar> owned(MakeSlider(*s(), QStringLiteral("scrPlain"), 0, 255, 16, false));
+        QScrollBar *plain = owned.get();
+        plain->setValue(100);
+        time.setValue(10);
+        for (QScrollBar *bar : {static_cast<QScrollBar *>(&time), plain})
+            QTest::keyClick(bar, Qt::Key_Left);
+        QCOMPARE(QList<int>({time.value(), plain->value()}), QList<int>({11, 99}));
         time.setValue(31);
         QCOMPARE(s()->StatusPanel[2], QStringLiteral("Slider: 248 (Max to 0 in apprx. 52 years)"));
         time.setValue(0);
