@@ -1,0 +1,230 @@
+#include "views/GenomeCompareForm.h"
+
+#include "core/Gene.h"
+#include "core/GeneCommands.h"
+#include "core/Session.h"
+#include "core/compare/GeneCopy.h"
+#include "core/compare/OtherGenome.h"
+#include "widgets/FormBuilder.h"
+#include "widgets/Placement.h"
+
+#include <QBrush>
+#include <QComboBox>
+#include <QFileInfo>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+using GenomeCompare::GenePair;
+using GenomeCompare::PairState;
+
+namespace {
+
+enum Column { StateColumn, TypeColumn, IdColumn, GenerationColumn, LeftColumn, RightColumn, ColumnCount };
+
+// The number and caption of a gene on one side: "#012 007 Hunger - Receptor".
+QString SideText(const Session &captions, const Session &owner, int n)
+{
+    const Gene *g = owner.GeneAt(n);
+    if (!g)
+        return QString();
+    return QStringLiteral("#") + GeneCommands::RowKey(n) + QLatin1Char(' ')
+           + captions.CaptionStore.GetCaption(g->GeneType, g->GeneSubType, g->ID);
+}
+
+QColor StateColour(PairState state)
+{
+    switch (state) {
+    case PairState::Changed: return QColor(0xB0, 0x60, 0x00);
+    case PairState::OnlyLeft: return QColor(0x00, 0x50, 0xB0);
+    case PairState::OnlyRight: return QColor(0x00, 0x80, 0x30);
+    case PairState::Same: break;
+    }
+    return QColor();
+}
+
+} // namespace
+
+GenomeCompareForm *GenomeCompareForm::Open(Session &session, QWidget *parent)
+{
+    const QString name = session.prompt.OpenFileName(QStringLiteral("Compare With Genome File"),
+                                                     session.GenomeDialogFolder(), Session::GenomeFilter,
+                                                     QStringLiteral("gen"));
+    if (name.isEmpty() || QFileInfo(name).fileName().isEmpty())
+        return nullptr;
+    auto other = std::make_unique<OtherGenome>(session);
+    other->Read(name);
+    auto *form = new GenomeCompareForm(session, std::move(other), parent);
+    form->setAttribute(Qt::WA_DeleteOnClose);
+    form->show();
+    return form;
+}
+
+GenomeCompareForm::GenomeCompareForm(Session &s, std::unique_ptr<OtherGenome> o, QWidget *parent)
+    : QDialog(parent), session(s), other(std::move(o))
+{
+    setObjectName(QStringLiteral("GenomeCompareForm"));
+    setWindowTitle(QStringLiteral("Compare Genomes"));
+    setModal(false);
+
+    lblLeft = Form::Label(this, QStringLiteral("lblLeft"), QString());
+    lblRight = Form::Label(this, QStringLiteral("lblRight"), QStringLiteral("Right: ") + other->FileName());
+    lblRight->setTextInteractionFlags(Qt::TextSelectableByMouse);
+
+    lstShow = Form::Combo(this, QStringLiteral("lstShow"));
+    lstShow->addItems({QStringLiteral("All genes"), QStringLiteral("Differences only")});
+    lstKind = Form::Combo(this, QStringLiteral("lstKind"));
+    lstKind->addItem(QStringLiteral("All kinds"));
+    for (int k = 0; k < GeneKinds::Count; ++k) {
+        const GeneKindInfo &kind = GeneKinds::At(k);
+        const QStringList *names[] = {&session.Tables.BrainGeneNames, &session.Tables.BiochemistryGeneNames,
+                                      &session.Tables.CreatureGeneNames, &session.Tables.OrganGeneNames};
+        lstKind->addItem(names[kind.type]->value(kind.subType, QString::fromLatin1(kind.factoryName)));
+    }
+    lstKind->setMaxVisibleItems(GeneKinds::Count + 1);
+
+    CompareListView = new QTreeWidget(this);
+    QTreeWidget *v = CompareListView;
+    v->setObjectName(QStringLiteral("CompareListView"));
+    v->setColumnCount(ColumnCount);
+    v->setHeaderLabels({QStringLiteral("State"), QStringLiteral("Type / field"), QStringLiteral("G-ID"),
+                        QStringLiteral("Gen #"), QStringLiteral("Left (open genome)"), QStringLiteral("Right (other file)")});
+    v->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    v->setSelectionBehavior(QAbstractItemView::SelectRows);
+    v->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    v->setUniformRowHeights(true);
+    v->setAllColumnsShowFocus(true);
+    v->setSortingEnabled(false);
+    v->setAlternatingRowColors(true);
+    const int widths[ColumnCount] = {80, 300, 45, 50, 260, 260};
+    for (int c = 0; c < ColumnCount; ++c)
+        v->setColumnWidth(c, widths[c]);
+
+    txtMessages = new QPlainTextEdit(this);
+    txtMessages->setObjectName(QStringLiteral("txtMessages"));
+    txtMessages->setReadOnly(true);
+    txtMessages->setMaximumHeight(90);
+    const QStringList messages = other->Messages();
+    txtMessages->setPlainText(messages.join(QLatin1Char('\n')));
+    auto *messageFrame = Form::Frame(this, QStringLiteral("Messages from reading the other genome"));
+    (new QVBoxLayout(messageFrame))->addWidget(txtMessages);
+    messageFrame->setVisible(!messages.isEmpty());
+
+    lblSummary = Form::Label(this, QStringLiteral("lblSummary"), QString());
+    btnCopy = Form::NamedButton(this, QStringLiteral("btnCopy"), QStringLiteral("C&opy to Open Genome"));
+    btnRefresh = Form::NamedButton(this, QStringLiteral("btnRefresh"), QStringLiteral("Co&mpare Again"));
+    btnClose = Form::NamedButton(this, QStringLiteral("btnClose"), QStringLiteral("&Close"));
+
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(lblLeft);
+    layout->addWidget(lblRight);
+    layout->addLayout(Form::Box(new QHBoxLayout, {Form::Label(this, QStringLiteral("lblShow"), QStringLiteral("Show:")),
+                                                  lstShow, Form::Label(this, QStringLiteral("lblKind"), QStringLiteral("Kind:")),
+                                                  lstKind, Form::Stretch()}));
+    layout->addWidget(CompareListView, 1);
+    layout->addWidget(messageFrame);
+    layout->addWidget(lblSummary);
+    layout->addLayout(Form::Box(new QHBoxLayout, {btnCopy, btnRefresh, Form::Stretch(), btnClose}));
+
+    connect(lstShow, &QComboBox::currentIndexChanged, this, &GenomeCompareForm::FillList);
+    connect(lstKind, &QComboBox::currentIndexChanged, this, &GenomeCompareForm::FillList);
+    connect(btnCopy, &QPushButton::clicked, this, &GenomeCompareForm::CopySelected);
+    connect(btnRefresh, &QPushButton::clicked, this, &GenomeCompareForm::Recompare);
+    connect(btnClose, &QPushButton::clicked, this, &QWidget::close);
+    // The open genome's rows change: a load, a delete, a closed editor, a rename.
+    connect(&session, &Session::ViewsRefreshRequested, this, &GenomeCompareForm::Recompare);
+    connect(&session, &Session::GeneRowChanged, this, &GenomeCompareForm::Recompare);
+
+    resize(Placement::TwipsToPixels(15000, this), Placement::TwipsToPixels(9000, this));
+    Recompare();
+    Placement::CentreForm(this);
+}
+
+GenomeCompareForm::~GenomeCompareForm() = default;
+
+void GenomeCompareForm::Recompare()
+{
+    lblLeft->setText(QStringLiteral("Left: the open genome, ") + session.StatusPanel[1]);
+    leftRecords = GenomeCompare::GeneRecords(session);
+    rightRecords = GenomeCompare::GeneRecords(other->Genome());
+    comparison = GenomeCompare::Compare(leftRecords, rightRecords);
+    lblSummary->setText(QStringLiteral("%1 genes left, %2 right: %3 same, %4 changed, %5 only left, %6 only right")
+                            .arg(leftRecords.size())
+                            .arg(rightRecords.size())
+                            .arg(comparison.Count(PairState::Same))
+                            .arg(comparison.Count(PairState::Changed))
+                            .arg(comparison.Count(PairState::OnlyLeft))
+                            .arg(comparison.Count(PairState::OnlyRight)));
+    FillList();
+}
+
+void GenomeCompareForm::FillList()
+{
+    const bool differencesOnly = lstShow->currentIndex() == 1;
+    const int kind = lstKind->currentIndex() - 1;
+    const Session &right = other->Genome();
+    QTreeWidget *v = CompareListView;
+    v->setUpdatesEnabled(false);
+    v->clear();
+
+    QList<QTreeWidgetItem *> rows;
+    rows.reserve(comparison.pairs.size());
+    for (int p = 0; p < comparison.pairs.size(); ++p) {
+        const GenePair &pair = comparison.pairs.at(p);
+        if (!GenomeCompare::Shown(pair, differencesOnly, kind))
+            continue;
+        const Gene *g = pair.left >= 0 ? session.GeneAt(pair.left) : right.GeneAt(pair.right);
+        if (!g)
+            continue;
+        auto *row = new QTreeWidgetItem;
+        row->setData(StateColumn, Qt::UserRole, p);
+        row->setText(StateColumn, GenomeCompare::StateText(pair.state));
+        row->setText(TypeColumn, GeneCommands::DescribeGene(session, *g, true));
+        row->setText(IdColumn, QStringLiteral("%1").arg(g->ID, 3, 10, QLatin1Char('0')));
+        row->setText(GenerationColumn, QString::number(g->Generation));
+        row->setText(LeftColumn, SideText(session, session, pair.left));
+        row->setText(RightColumn, SideText(right, right, pair.right));
+        if (pair.state != PairState::Same)
+            row->setForeground(StateColumn, QBrush(StateColour(pair.state)));
+        for (const GeneField *f : pair.changed) {
+            auto *field = new QTreeWidgetItem(row);
+            field->setText(TypeColumn, GeneFields::FieldName(session, *f));
+            field->setText(LeftColumn, GeneFields::ValueText(session, *f, leftRecords.at(pair.left)));
+            field->setText(RightColumn, GeneFields::ValueText(session, *f, rightRecords.at(pair.right)));
+        }
+        rows.append(row);
+    }
+    v->addTopLevelItems(rows);
+    for (QTreeWidgetItem *row : rows)
+        if (row->childCount() > 0)
+            row->setExpanded(true);
+    v->setUpdatesEnabled(true);
+}
+
+void GenomeCompareForm::CopySelected()
+{
+    QVector<int> genes;
+    for (int i = 0; i < CompareListView->topLevelItemCount(); ++i) {
+        QTreeWidgetItem *row = CompareListView->topLevelItem(i);
+        bool chosen = row->isSelected();
+        for (int c = 0; c < row->childCount() && !chosen; ++c)
+            chosen = row->child(c)->isSelected();
+        const int p = row->data(StateColumn, Qt::UserRole).toInt();
+        if (chosen && p >= 0 && p < comparison.pairs.size() && comparison.pairs.at(p).right >= 0)
+            genes.append(comparison.pairs.at(p).right);
+    }
+    if (genes.isEmpty()) {
+        session.ShowWarning(QStringLiteral("No gene of the other genome is selected to copy"));
+        return;
+    }
+    const QVector<int> added = GeneCopy::CopyGenes(session, other->Genome(), genes);
+    for (int n : added)
+        emit GeneAdded(n);
+    if (!added.isEmpty())
+        Recompare();
+}
