@@ -101,7 +101,7 @@ GenomeCompareForm::GenomeCompareForm(Session &s, std::unique_ptr<OtherGenome> o,
     v->setAllColumnsShowFocus(true);
     v->setSortingEnabled(false);
     v->setAlternatingRowColors(true);
-    const int widths[ColumnCount] = {80, 300, 45, 50, 260, 260};
+    const int widths[ColumnCount] = {105, 280, 45, 50, 250, 250};
     for (int c = 0; c < ColumnCount; ++c)
         v->setColumnWidth(c, widths[c]);
 
@@ -149,7 +149,7 @@ GenomeCompareForm::~GenomeCompareForm() = default;
 
 void GenomeCompareForm::Recompare()
 {
-    lblLeft->setText(QStringLiteral("Left: the open genome, ") + session.StatusPanel[1]);
+    lblLeft->setText(QStringLiteral("Left: the open genome (") + session.StatusPanel[1] + QStringLiteral(")"));
     leftRecords = GenomeCompare::GeneRecords(session);
     rightRecords = GenomeCompare::GeneRecords(other->Genome());
     comparison = GenomeCompare::Compare(leftRecords, rightRecords);

@@ -357,8 +357,9 @@ QString ValueText(const Session &s, const GeneField &f, const QByteArray &record
         return Listed(v >> shift, f.choices);
     }
     case FieldShow::Chemical: {
+        // A chemical without a name of its own is often listed under its number.
         const QString name = s.Lists.ChemicalNames[size_t(v)];
-        return name.isEmpty() ? QString::number(v) : Named(v, name);
+        return name.isEmpty() || name == QString::number(v) ? QString::number(v) : Named(v, name);
     }
     case FieldShow::Pose: {
         const QString name = s.Lists.PoseNames[size_t(v)];
