@@ -12,6 +12,7 @@
 #include <QComboBox>
 #include <QFileInfo>
 #include <QGroupBox>
+#include <QHash>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -27,15 +28,64 @@ namespace {
 
 enum Column { StateColumn, TypeColumn, IdColumn, GenerationColumn, LeftColumn, RightColumn, ColumnCount };
 
-// The number and caption of a gene on one side: "#012 007 Hunger - Receptor".
-QString SideText(const Session &captions, const Session &owner, int n)
+// A number from 0 to 999 in three digits with leading zeros, written in place: a fill makes
+// two or three of them for every row.
+void PutThreeDigits(QString &text, int value)
 {
-    const Gene *g = owner.GeneAt(n);
-    if (!g)
-        return QString();
-    return QStringLiteral("#") + GeneCommands::RowKey(n) + QLatin1Char(' ')
-           + captions.CaptionStore.GetCaption(g->GeneType, g->GeneSubType, g->ID);
+    text += QChar(u'0' + value / 100 % 10);
+    text += QChar(u'0' + value / 10 % 10);
+    text += QChar(u'0' + value % 10);
 }
+
+QString ThreeDigits(int value)
+{
+    QString text;
+    text.reserve(3);
+    PutThreeDigits(text, value);
+    return text;
+}
+
+// The captions of one side by key, looked up once for a whole fill: the first record of a
+// key wins, as in the store's own lookup.
+class Captions
+{
+public:
+    explicit Captions(const Session &s) : session(s)
+    {
+        const CaptionStore &store = s.CaptionStore;
+        index.reserve(store.CaptionCount + 1);
+        for (int i = store.CaptionCount - 1; i >= 0; --i) { // backwards: the first record is put last
+            const CaptionStore::CaptionRecord &r = store.RecordAt(i);
+            index.insert(Key(r.GeneType, r.GeneSubType, r.ID), i);
+        }
+    }
+    // The number and caption of gene n: "#012 007 Hunger - Receptor" (the number as the gene
+    // list's key shows it).
+    QString SideText(int n) const
+    {
+        const Gene *g = session.GeneAt(n);
+        if (!g)
+            return QString();
+        const auto it = index.constFind(Key(g->GeneType, g->GeneSubType, g->ID));
+        const QString caption = it == index.cend() ? session.CaptionStore.GetCaption(g->GeneType, g->GeneSubType, g->ID)
+                                                   : session.CaptionStore.RecordAt(*it).Caption;
+        QString text;
+        text.reserve(5 + caption.size());
+        text += QLatin1Char('#');
+        PutThreeDigits(text, n);
+        text += QLatin1Char(' ');
+        text += caption;
+        return text;
+    }
+
+private:
+    static quint64 Key(int type, int subType, int id)
+    {
+        return quint64(quint16(type)) << 32 | quint64(quint16(subType)) << 16 | quint16(id);
+    }
+    const Session &session;
+    QHash<quint64, int> index;
+};
 
 QColor StateColour(PairState state)
 {
@@ -151,7 +201,9 @@ void GenomeCompareForm::Recompare()
 {
     lblLeft->setText(QStringLiteral("Left: the open genome (") + session.StatusPanel[1] + QStringLiteral(")"));
     leftRecords = GenomeCompare::GeneRecords(session);
-    rightRecords = GenomeCompare::GeneRecords(other->Genome());
+    // The other genome only gives: its records stand as long as the window.
+    if (rightRecords.size() != other->Genome().GeneCount)
+        rightRecords = GenomeCompare::GeneRecords(other->Genome());
     comparison = GenomeCompare::Compare(leftRecords, rightRecords);
     lblSummary->setText(QStringLiteral("%1 genes left, %2 right: %3 same, %4 changed, %5 only left, %6 only right")
                             .arg(leftRecords.size())
@@ -171,7 +223,9 @@ void GenomeCompareForm::FillList()
     QTreeWidget *v = CompareListView;
     v->setUpdatesEnabled(false);
     v->clear();
+    shownPairs.clear();
 
+    const Captions leftCaptions(session), rightCaptions(right);
     QList<QTreeWidgetItem *> rows;
     rows.reserve(comparison.pairs.size());
     for (int p = 0; p < comparison.pairs.size(); ++p) {
@@ -181,22 +235,18 @@ void GenomeCompareForm::FillList()
         const Gene *g = pair.left >= 0 ? session.GeneAt(pair.left) : right.GeneAt(pair.right);
         if (!g)
             continue;
-        auto *row = new QTreeWidgetItem;
-        row->setData(StateColumn, Qt::UserRole, p);
-        row->setText(StateColumn, GenomeCompare::StateText(pair.state));
-        row->setText(TypeColumn, GeneCommands::DescribeGene(session, *g, true));
-        row->setText(IdColumn, QStringLiteral("%1").arg(g->ID, 3, 10, QLatin1Char('0')));
-        row->setText(GenerationColumn, QString::number(g->Generation));
-        row->setText(LeftColumn, SideText(session, session, pair.left));
-        row->setText(RightColumn, SideText(right, right, pair.right));
+        auto *row = new QTreeWidgetItem(QStringList{GenomeCompare::StateText(pair.state),
+                                                    GeneCommands::DescribeGene(session, *g, true),
+                                                    ThreeDigits(g->ID),
+                                                    QString::number(g->Generation), leftCaptions.SideText(pair.left),
+                                                    rightCaptions.SideText(pair.right)});
+        shownPairs.append(p);
         if (pair.state != PairState::Same)
             row->setForeground(StateColumn, QBrush(StateColour(pair.state)));
-        for (const GeneField *f : pair.changed) {
-            auto *field = new QTreeWidgetItem(row);
-            field->setText(TypeColumn, GeneFields::FieldName(session, *f));
-            field->setText(LeftColumn, GeneFields::ValueText(session, *f, leftRecords.at(pair.left)));
-            field->setText(RightColumn, GeneFields::ValueText(session, *f, rightRecords.at(pair.right)));
-        }
+        for (const GeneField *f : pair.changed)
+            new QTreeWidgetItem(row, QStringList{QString(), GeneFields::FieldName(session, *f), QString(), QString(),
+                                                 GeneFields::ValueText(session, *f, leftRecords.at(pair.left)),
+                                                 GeneFields::ValueText(session, *f, rightRecords.at(pair.right))});
         rows.append(row);
     }
     v->addTopLevelItems(rows);
@@ -214,7 +264,7 @@ void GenomeCompareForm::CopySelected()
         bool chosen = row->isSelected();
         for (int c = 0; c < row->childCount() && !chosen; ++c)
             chosen = row->child(c)->isSelected();
-        const int p = row->data(StateColumn, Qt::UserRole).toInt();
+        const int p = shownPairs.value(i, -1);
         if (chosen && p >= 0 && p < comparison.pairs.size() && comparison.pairs.at(p).right >= 0)
             genes.append(comparison.pairs.at(p).right);
     }

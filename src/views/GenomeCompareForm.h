@@ -54,4 +54,6 @@ private:
     std::unique_ptr<OtherGenome> other;
     GenomeCompare::Comparison comparison;
     QVector<QByteArray> leftRecords, rightRecords;
+    // The pair of each top-level row of the list, in the list's order.
+    QVector<int> shownPairs;
 };

@@ -3,6 +3,7 @@
 #include "base/SingleByteText.h"
 #include "core/Session.h"
 
+#include <cstring>
 #include <map>
 
 namespace GeneFields {
@@ -325,7 +326,16 @@ QByteArray FieldBytes(const GeneField &f, const QByteArray &record)
     return bytes;
 }
 
-bool Differs(const GeneField &f, const QByteArray &a, const QByteArray &b) { return FieldBytes(f, a) != FieldBytes(f, b); }
+bool Differs(const GeneField &f, const QByteArray &a, const QByteArray &b)
+{
+    const int at = f.header ? f.offset : BodyStart + f.offset;
+    const bool inA = at + f.length <= a.size(), inB = at + f.length <= b.size();
+    if (!inA || !inB)
+        return inA != inB;
+    if ((a.at(at) ^ b.at(at)) & f.mask)
+        return true;
+    return f.length > 1 && std::memcmp(a.constData() + at + 1, b.constData() + at + 1, size_t(f.length - 1)) != 0;
+}
 
 QString FieldName(const Session &s, const GeneField &f)
 {

@@ -6,6 +6,8 @@
 #include <QHash>
 #include <algorithm>
 #include <memory>
+#include <utility>
+#include <vector>
 
 namespace GenomeCompare {
 
@@ -28,6 +30,10 @@ GeneKind KindOf(const QByteArray &record)
 
 void Diff(GenePair &pair, const QByteArray &a, const QByteArray &b)
 {
+    if (a == b) { // most pairs: no field to look at
+        pair.state = PairState::Same;
+        return;
+    }
     for (const GeneField &f : GeneFields::Header())
         if (GeneFields::Differs(f, a, b))
             pair.changed.append(&f);
@@ -59,32 +65,44 @@ QVector<QByteArray> GeneRecords(Session &s)
 
 Comparison Compare(const QVector<QByteArray> &left, const QVector<QByteArray> &right)
 {
-    // The right genes of each key, in their order, taken from the front as left genes claim them.
-    QHash<quint32, QVector<int>> waiting;
-    for (int j = right.size() - 1; j >= 0; --j)
-        waiting[Key(right.at(j))].append(j);
+    // The right genes sorted by key, each key's in their order; a left gene claims the next
+    // unclaimed one of its key.
+    std::vector<std::pair<quint32, int>> byKey;
+    byKey.reserve(size_t(right.size()));
+    for (int j = 0; j < right.size(); ++j)
+        byKey.emplace_back(Key(right.at(j)), j);
+    std::sort(byKey.begin(), byKey.end());
+    QHash<quint32, size_t> next; // the next unclaimed place of each key in byKey
+    next.reserve(right.size());
+    for (size_t k = byKey.size(); k-- > 0;)
+        next.insert(byKey[k].first, k);
     QVector<int> partnerOfRight(right.size(), -1);
 
-    struct Placed
+    QVector<GenePair> pairs;
+    pairs.reserve(left.size() + right.size());
+    // Where each pair goes: behind its anchor (a left gene number, -1 for the top), in order.
+    struct Place
     {
-        int anchor, order;
-        GenePair pair;
+        int anchor, order, pair;
+        bool operator<(const Place &o) const { return anchor != o.anchor ? anchor < o.anchor : order < o.order; }
     };
-    QVector<Placed> placed;
-    placed.reserve(left.size() + right.size());
+    std::vector<Place> places;
+    places.reserve(size_t(left.size() + right.size()));
     for (int i = 0; i < left.size(); ++i) {
         GenePair pair;
         pair.left = i;
         pair.kind = KindOf(left.at(i));
-        auto it = waiting.find(Key(left.at(i)));
-        if (it != waiting.end() && !it->isEmpty()) {
-            pair.right = it->takeLast();
+        const quint32 key = Key(left.at(i));
+        const auto it = next.find(key);
+        if (it != next.end() && *it < byKey.size() && byKey[*it].first == key) {
+            pair.right = byKey[(*it)++].second;
             partnerOfRight[pair.right] = i;
             Diff(pair, left.at(i), right.at(pair.right));
         } else {
             pair.state = PairState::OnlyLeft;
         }
-        placed.append({i, -1, pair});
+        places.push_back({i, -1, int(pairs.size())});
+        pairs.append(std::move(pair));
     }
     int anchor = -1; // the left partner of the last paired right gene seen
     for (int j = 0; j < right.size(); ++j) {
@@ -96,16 +114,15 @@ Comparison Compare(const QVector<QByteArray> &left, const QVector<QByteArray> &r
         pair.right = j;
         pair.kind = KindOf(right.at(j));
         pair.state = PairState::OnlyRight;
-        placed.append({anchor, j, pair});
+        places.push_back({anchor, j, int(pairs.size())});
+        pairs.append(std::move(pair));
     }
-    std::stable_sort(placed.begin(), placed.end(), [](const Placed &a, const Placed &b) {
-        return a.anchor != b.anchor ? a.anchor < b.anchor : a.order < b.order;
-    });
+    std::sort(places.begin(), places.end());
 
     Comparison c;
-    c.pairs.reserve(placed.size());
-    for (const Placed &p : placed)
-        c.pairs.append(p.pair);
+    c.pairs.reserve(pairs.size());
+    for (const Place &p : places)
+        c.pairs.append(std::move(pairs[p.pair]));
     return c;
 }
 
