@@ -163,6 +163,7 @@ GenomeCompareForm::GenomeCompareForm(Session &s, std::unique_ptr<OtherGenome> o,
     txtMessages->setPlainText(messages.join(QLatin1Char('\n')));
     auto *messageFrame = Form::Frame(this, QStringLiteral("Messages from reading the other genome"));
     (new QVBoxLayout(messageFrame))->addWidget(txtMessages);
+    messageFrame->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
     messageFrame->setVisible(!messages.isEmpty());
 
     lblSummary = Form::Label(this, QStringLiteral("lblSummary"), QString());
