@@ -105,6 +105,20 @@ void Gene::GetMembers()
     Body(io);
 }
 
+void Gene::WriteRecord(GenomeImage &image)
+{
+    BodyIO io(image, false);
+    Header(io);
+    Body(io);
+}
+
+void Gene::ReadRecord(GenomeImage &image)
+{
+    BodyIO io(image, true);
+    Header(io);
+    Body(io);
+}
+
 void Gene::SetControls()
 {
     if (View)

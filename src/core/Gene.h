@@ -60,6 +60,13 @@ public:
     enum class HeaderFields { Identity, Rest, All };
     void Header(BodyIO &io, HeaderFields fields = HeaderFields::All);
 
+    // The gene's whole record, token, header and body in the current format, written at the
+    // image's WriteCursor as the gene stands (an open editor is not asked); and read back
+    // from just behind the token and kind at its ReadCursor, folded as a load folds. Genes
+    // travel between genomes this way without touching either session's own image.
+    void WriteRecord(GenomeImage &image);
+    void ReadRecord(GenomeImage &image);
+
 protected:
     // The body in file order, read or written.
     virtual void Body(BodyIO &io) = 0;

@@ -16,6 +16,7 @@
 #include "views/CoverPicture.h"
 #include "views/frmChangeDefaultTemplate.h"
 #include "views/GeneEditorTab.h"
+#include "views/GenomeCompareForm.h"
 #include "views/GenotypeTab.h"
 #include "views/OrganViewTab.h"
 #include "views/PoseTab.h"
@@ -39,6 +40,13 @@ HelixbenchForm::HelixbenchForm(Session &s, QWidget *parent) : QMainWindow(parent
     BuildTabs();
     BuildMenus();
     BuildStatusBar();
+    // Commands beyond the standard menus have a menu of their own, after all of them.
+    QMenu *gappCompare = menuBar()->addMenu(QStringLiteral("&Compare"));
+    gappCompare->setObjectName(QStringLiteral("gappCompare"));
+    AddAction(gappCompare, "gappcCompareGenome", QStringLiteral("Compare With Genome File..."), [this] {
+        if (auto *form = GenomeCompareForm::Open(session, this))
+            connect(form, &GenomeCompareForm::GeneAdded, geneEditorTab, &GeneEditorTab::AddGeneRow);
+    });
     resize(Placement::TwipsToPixels(13500, this), Placement::TwipsToPixels(9600, this)); // 900 x 640 at 96 dpi
 
     connect(&session, &Session::StatusPanelChanged, this, [this](int panel, const QString &text) {
