@@ -2,9 +2,12 @@
 
 #include "widgets/Placement.h"
 #include "core/Gene.h"
+#include "core/ListPublishing.h"
 #include "core/Session.h"
 #include "link/ExportTab.h"
 #include "settings/frmOptions.h"
+#include "tools/frmChromosomeMap.h"
+#include "tools/frmRTFChemicalList.h"
 #include "views/ChemicalTab.h"
 #include "views/CoverPicture.h"
 #include "views/frmChangeDefaultTemplate.h"
@@ -142,12 +145,21 @@ void HelixbenchForm::BuildMenus()
 
     gappAdvanced = menuBar()->addMenu(QStringLiteral("Advanced"));
     gappAdvanced->setObjectName(QStringLiteral("gappAdvanced"));
+    AddAction(gappAdvanced, "gappaMakeSpeciesCaptionFile", QStringLiteral("Make species caption file"),
+              [this] { ListPublishing::MakeSpeciesCaptionFile(session); });
+    gappAdvanced->addSeparator()->setObjectName(QStringLiteral("sepA9"));
     AddAction(gappAdvanced, "gappaSavePoseDescriptions", QStringLiteral("Save Pose Descriptions"),
               [this] { poseTab->SaveListCommand(); });
     gappAdvanced->addSeparator()->setObjectName(QStringLiteral("sep2"));
     AddAction(gappAdvanced, "gappaSaveChemicalList", QStringLiteral("Save Chemical List"),
               [this] { chemicalTab->SaveListCommand(); });
+    AddAction(gappAdvanced, "gappaInstallChemicalList", QStringLiteral("Install Chemical List"),
+              [this] { ListPublishing::InstallChemicalList(session); });
+    AddAction(gappAdvanced, "gappaRTFChemicalList", QStringLiteral("RTF-er-ise Chemical List"),
+              [this] { frmRTFChemicalList::Open(session, this); });
     gappAdvanced->addSeparator()->setObjectName(QStringLiteral("sep3"));
+    AddAction(gappAdvanced, "gappaPlotChromosomeMap", QStringLiteral("Plot Chromosome Map"),
+              [this] { frmChromosomeMap::PlotChromosomeMap(session, this); });
     AddAction(gappAdvanced, "gappaChangeDefaultTemplate", QStringLiteral("Change Default Template"),
               [this] { frmChangeDefaultTemplate::Open(session, this); });
     gappAdvanced->addSeparator()->setObjectName(QStringLiteral("sep3b"));
