@@ -56,6 +56,9 @@ int Plot(Session &session, Surface &surface)
     const ::GenomeImage &image = session.GenomeImage;
     const int count = qBound(0, image.WriteCursor, ::GenomeImage::Size);
     const int w = walker.ColumnWidth();
+    Shade shades[256];
+    for (int b = 0; b < 256; ++b)
+        shades[b] = LineShade(quint8(b));
     const Shade black;
     int ticks = 0;
     for (int i = 0; i < count; ++i) {
@@ -66,13 +69,13 @@ int Plot(Session &session, Surface &surface)
         }
         const quint8 b = image.Bytes[size_t(i)];
         const Walker::Step s = walker.Next(b, surface.Height());
-        surface.Line(s.x, s.x + w, s.y, LineShade(b));
+        surface.Line(s.x, s.x + w, s.y, shades[b]);
         if (s.tick) {
             surface.Line(s.x + w + TickGap, s.x + w + TickGap + TickLength, s.y, black);
             ++ticks;
         }
     }
-    surface.Flush();
+    surface.Finish();
     prompt.ProgressUnload();
     return ticks;
 }

@@ -40,6 +40,8 @@ public:
     virtual void Line(int x1, int x2, int y, const Shade &shade) = 0;
     // Called before the plot lets the event loop run: what was drawn may be shown now.
     virtual void Flush() {}
+    // Called when the plot is done: all that was drawn is to be shown.
+    virtual void Finish() { Flush(); }
 };
 
 // Plots the session's genome on the surface, with the progress window up: clears it,

@@ -1,10 +1,10 @@
 #pragma once
 #include "core/ChromosomeMap.h"
 
+#include <QElapsedTimer>
 #include <QFrame>
 #include <QImage>
 #include <QPainter>
-#include <QRect>
 
 // The drawing area of the chromosome map: a sunken frame whose inside, in pixels, is the
 // surface the plot draws on. The plot goes into an image the size of the inside, and the
@@ -25,11 +25,14 @@ public:
     const QImage &Image() const { return image; }
 
     // The surface: the inside of the frame.
-    int Width() const override { return contentsRect().width(); }
-    int Height() const override { return contentsRect().height(); }
+    int Width() const override { return inside.width(); }
+    int Height() const override { return inside.height(); }
     void Clear() override;
     void Line(int x1, int x2, int y, const ChromosomeMap::Shade &shade) override;
+    // The screen follows the image at most once a frame while the plot runs, and wholly
+    // when it is done.
     void Flush() override;
+    void Finish() override;
 
 protected:
     void paintEvent(QPaintEvent *event) override;
@@ -37,8 +40,16 @@ protected:
 
 private:
     QImage image;
-    QPainter painter;  // active on the image while lines come in, between two flushes
-    QRect dirty;       // drawn since the last flush, in image coordinates
+    QSize inside; // of the frame, kept as it changes: the plot asks for it at every byte
+    QPainter painter;  // active on the image while a plot draws
+    // Drawn and not yet shown, in image coordinates: left, top, right and bottom edges
+    // (right and bottom outside), empty while left >= right.
+    int dirtyLeft = 0, dirtyTop = 0, dirtyRight = 0, dirtyBottom = 0;
+    void ClearDirty() { dirtyLeft = dirtyTop = dirtyRight = dirtyBottom = 0; }
+    QElapsedTimer sinceShown;
+    static constexpr int FrameMs = 16;
+    // Ends the painter before the image is replaced or handed out.
+    void EndPainting();
     // Makes the image at least the size of the inside, keeping what it shows.
     void GrowImage();
 };

@@ -347,18 +347,31 @@ private slots:
         QVERIFY(dialog.isNull());
     }
 
-    // A close asked for while the plot lets events run waits for the plot's end.
-    void closeDuringPlotWaits()
+    // While the plot lets events run, the picture can be painted from what is drawn so far;
+    // a close asked for then waits for the plot's end.
+    void eventsDuringPlot()
     {
         AddGenes(*session, 30);
         QPointer<frmChromosomeMap> dialog = frmChromosomeMap::PlotChromosomeMap(*session, &owner);
-        bool closedMidPlot = false;
-        QTimer::singleShot(0, dialog, [&] {
-            closedMidPlot = dialog->Plotting();
+        // Each pass of the event loop fires the timer once: the fifth is the third look at
+        // the progress window inside the loop, 200 bytes into the plot.
+        QTimer passes;
+        int fired = 0;
+        bool midPlot = false;
+        QImage shown;
+        connect(&passes, &QTimer::timeout, dialog, [&] {
+            if (++fired != 5)
+                return;
+            midPlot = dialog->Plotting();
+            shown = dialog->ChromosomePicture->grab().toImage();
             dialog->close();
         });
+        passes.start(0);
         dialog->UpdateNow();
-        QVERIFY(closedMidPlot);
+        passes.stop();
+        QVERIFY(midPlot && dialog);
+        const int fw = dialog->ChromosomePicture->frameWidth();
+        QCOMPARE(shown.pixel(5 + fw, 5 + fw), qRgb(167, 150, 167));
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QVERIFY(dialog.isNull());
     }
