@@ -9,6 +9,8 @@
 #include <QHBoxLayout>
 #include <QFontMetrics>
 #include <QPushButton>
+#include <QTextBlockFormat>
+#include <QTextCursor>
 #include <QTextDocument>
 #include <QTextOption>
 #include <QTextEdit>
@@ -31,11 +33,15 @@ frmRTFChemicalList::frmRTFChemicalList(Session &session, QWidget *parent) : QDia
     for (int i = 1; i < PublishedChemicals::Count; ++i)
         widestName = qMax(widestName, metrics.horizontalAdvance(session.Lists.ChemicalNames[size_t(i)]));
     const qreal nameStop = metrics.horizontalAdvance(QStringLiteral("000")) + gap;
-    QTextOption columns = chemRichTextBox->document()->defaultTextOption();
-    columns.setTabs({QTextOption::Tab(nameStop, QTextOption::LeftTab),
-                     QTextOption::Tab(nameStop + widestName + gap, QTextOption::LeftTab)});
-    chemRichTextBox->document()->setDefaultTextOption(columns);
     chemRichTextBox->setPlainText(PublishedChemicals::ChemicalTable(session.Lists));
+    QTextBlockFormat columns;
+    columns.setTabPositions({QTextOption::Tab(nameStop, QTextOption::LeftTab),
+                             QTextOption::Tab(nameStop + widestName + gap, QTextOption::LeftTab)});
+    QTextCursor all(chemRichTextBox->document());
+    all.select(QTextCursor::Document);
+    all.mergeBlockFormat(columns);
+    chemRichTextBox->document()->setModified(false);
+    chemRichTextBox->moveCursor(QTextCursor::Start);
 
     CloseRTFCommand = Form::NamedButton(this, QStringLiteral("CloseRTFCommand"), QStringLiteral("&Close"));
     connect(CloseRTFCommand, &QPushButton::clicked, this, &QWidget::close);
