@@ -259,17 +259,6 @@ private slots:
         QVERIFY(surface.lines.isEmpty() && surface.clears == 1 && prompt.shown.isEmpty() && !prompt.progressLoaded);
     }
 
-    void fullGenome()
-    {
-        BenchGenome::Build(*session);
-        RecordingSurface surface;
-        const int ticks = Plot(*session, surface);
-        QCOMPARE(surface.Bytes().size(), session->GenomeImage.WriteCursor);
-        QVERIFY(session->GenomeImage.WriteCursor > 20000);
-        QVERIFY(ticks >= BenchGenome::Genes); // and more if a body spells the token
-        QVERIFY(prompt.shown.isEmpty());
-    }
-
     // --- the dialog ----------------------------------------------------------------------
 
     void noGenesNoDialog()
