@@ -3,6 +3,7 @@
 #include "widgets/Placement.h"
 #include "core/Gene.h"
 #include "core/BulkResets.h"
+#include "core/ListPublishing.h"
 #include "core/SanityCheck.h"
 #include "core/Session.h"
 #include "link/ExportTab.h"
@@ -11,6 +12,8 @@
 #include "settings/HelpTopics.h"
 #include "settings/HelpWindow.h"
 #include "settings/frmOptions.h"
+#include "tools/frmChromosomeMap.h"
+#include "tools/frmRTFChemicalList.h"
 #include "tools/frmReorganise.h"
 #include "views/ChemicalTab.h"
 #include "views/CoverPicture.h"
@@ -157,6 +160,9 @@ void HelixbenchForm::BuildMenus()
 
     gappAdvanced = menuBar()->addMenu(QStringLiteral("Advanced"));
     gappAdvanced->setObjectName(QStringLiteral("gappAdvanced"));
+    AddAction(gappAdvanced, "gappaMakeSpeciesCaptionFile", QStringLiteral("Make species caption file"),
+              [this] { ListPublishing::MakeSpeciesCaptionFile(session); });
+    gappAdvanced->addSeparator()->setObjectName(QStringLiteral("sepA9"));
     AddAction(gappAdvanced, "gappaSavePoseDescriptions", QStringLiteral("Save Pose Descriptions"),
               [this] { poseTab->SaveListCommand(); });
     // A reset list is shown anew with its count line.
@@ -173,9 +179,15 @@ void HelixbenchForm::BuildMenus()
               [this] { chemicalTab->SaveListCommand(); });
     AddAction(gappAdvanced, "gappaResetChemicals", QStringLiteral("Reset Chemicals"),
               [this, resetList] { resetList(ResettableList::Chemicals, chemicalTab); });
+    AddAction(gappAdvanced, "gappaInstallChemicalList", QStringLiteral("Install Chemical List"),
+              [this] { ListPublishing::InstallChemicalList(session); });
+    AddAction(gappAdvanced, "gappaRTFChemicalList", QStringLiteral("RTF-er-ise Chemical List"),
+              [this] { frmRTFChemicalList::Open(session, this); });
     AddAction(gappAdvanced, "gappaReorganise", QStringLiteral("Reorganise Chemical Order"),
               [this] { frmReorganise::Open(session, [this] { chemicalTab->FillView(); }, this); });
     gappAdvanced->addSeparator()->setObjectName(QStringLiteral("sep3"));
+    AddAction(gappAdvanced, "gappaPlotChromosomeMap", QStringLiteral("Plot Chromosome Map"),
+              [this] { frmChromosomeMap::PlotChromosomeMap(session, this); });
     AddAction(gappAdvanced, "gappaResetMutabilityValues", QStringLiteral("Reset Mutability Values"),
               [this] { ResetMutabilityValues(session); });
     AddAction(gappAdvanced, "gappaSanityCheck", QStringLiteral("Sanity Check Genome"), [this] { SanityCheck(session); });

@@ -21,4 +21,23 @@ ProcessingForm::ProcessingForm(QWidget *parent) : QWidget(parent, Qt::Tool | Qt:
     layout->addWidget(ProgressBar);
     resize(Placement::TwipsToPixels(4800, this), Placement::TwipsToPixels(1350, this));
     Placement::CentreForm(this);
+
+    pending.setSingleShot(true);
+    connect(&pending, &QTimer::timeout, this, [this] {
+        ProgressBar->setValue(pendingValue);
+        sinceShown.start();
+    });
+}
+
+void ProcessingForm::SetProgress(int value)
+{
+    pendingValue = value;
+    if (pending.isActive())
+        return;
+    if (!sinceShown.isValid() || sinceShown.elapsed() >= FrameMs) {
+        ProgressBar->setValue(value);
+        sinceShown.start();
+    } else {
+        pending.start(int(FrameMs - sinceShown.elapsed()));
+    }
 }

@@ -94,7 +94,7 @@ bool QtPrompt::ProgressVisible() const { return progress && progress->isVisible(
 void QtPrompt::ProgressSetValue(int value)
 {
     if (progress)
-        progress->ProgressBar->setValue(qBound(0, value, 100));
+        progress->SetProgress(qBound(0, value, 100));
 }
 
 void QtPrompt::ProgressSetStatus(const QString &text)

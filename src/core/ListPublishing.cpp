@@ -1,0 +1,150 @@
+#include "core/ListPublishing.h"
+
+#include "base/FileFault.h"
+#include "base/FileNames.h"
+#include "base/Text.h"
+#include "core/Session.h"
+#include "vocab/PublishedChemicals.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+using Text::CRLF;
+
+namespace ListPublishing {
+
+namespace {
+
+// The fault of a file at path that is not there: the file (53) or its whole folder (76).
+FileFault Missing(const QString &path)
+{
+    const QFileInfo info(path);
+    return FileFault::AtPath(QFileInfo(info.absolutePath()).isDir() ? FileFault::FileNotFound : FileFault::PathNotFound,
+                             path);
+}
+
+// The fault of a failed change to a file at path: a missing folder (76), a folder the user
+// may not change (70), else the fallback.
+FileFault Refused(const QString &path, qint16 fallback)
+{
+    const QFileInfo folder(QFileInfo(path).absolutePath());
+    if (!folder.isDir())
+        return FileFault::AtPath(FileFault::PathNotFound, path);
+    if (!folder.isWritable())
+        return FileFault::AtPath(FileFault::PermissionDenied, path);
+    return FileFault::AtPath(fallback, path);
+}
+
+// Each step below keeps the first fault of its run in fault and leaves a later fault out:
+// the first tells the cause.
+void Keep(FileFault &fault, const FileFault &raised)
+{
+    if (!fault.Failed())
+        fault = raised;
+}
+
+void Remove(const QString &path, FileFault &fault)
+{
+    const QFileInfo info(path);
+    if (!info.exists() && !info.isSymLink())
+        Keep(fault, Missing(path));
+    else if (info.isDir() || !QFile::remove(path))
+        Keep(fault, Refused(path, FileFault::AccessError));
+}
+
+void Copy(const QString &from, const QString &to, FileFault &fault)
+{
+    if (!QFileInfo::exists(from))
+        Keep(fault, Missing(from));
+    else if (!QFile::copy(from, to))
+        Keep(fault, Refused(to, FileFault::AccessError));
+}
+
+// Puts bytes in place of the file at path: written aside, then renamed over it. A file the
+// user may not change stays as it is.
+void Replace(const QString &path, const QByteArray &bytes, FileFault &fault)
+{
+    const QFileInfo info(path);
+    if (info.exists() && (info.isDir() || !info.isWritable())) {
+        Keep(fault, info.isDir() ? FileFault::AtPath(FileFault::AccessError, path)
+                                 : FileFault::AtPath(FileFault::PermissionDenied, path));
+        return;
+    }
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly)) {
+        Keep(fault, Refused(path, FileFault::AccessError));
+        return;
+    }
+    if (file.write(bytes) != bytes.size()) {
+        Keep(fault, FileFault::Of(file, path));
+        file.cancelWriting();
+        return;
+    }
+    if (!file.commit())
+        Keep(fault, FileFault::Of(file, path));
+}
+
+} // namespace
+
+bool InstallChemicalList(Session &session)
+{
+    if (session.ShowMessage(QStringLiteral("This will install the currently loaded chemical list") + CRLF
+                                + QStringLiteral("into Arkenfold. Arkenfold's existing list will be lost. Are you sure?"),
+                            35)
+        != Prompt::Yes)
+        return false;
+    const QString value = session.ReadGameSetting(QStringLiteral("Main Directory"));
+    if (value == Session::ErrorMark) {
+        session.ShowError(QStringLiteral("Error reading registry key -- ensure Arkenfold") + CRLF
+                          + QStringLiteral("is installed on this system."));
+        return false;
+    }
+    const QString folder = Session::NormalisePath(value);
+    // The game's files may be spelled in any case; a new file takes the spelling above.
+    const QString backup = FileNames::ResolveFileName(folder, BackupFileName);
+    const QString list = FileNames::ResolveFileName(folder, ListFileName);
+
+    // The backup: the old backup goes, the game's list takes its place. A backup that isn't
+    // there to delete counts as a failure too, so the first install of all asks.
+    FileFault fault;
+    Remove(backup, fault);
+    Copy(list, backup, fault);
+    if (fault.Failed()
+        && session.ShowMessage(QStringLiteral("I could not create a backup file. Continue anyway?"), 35) != Prompt::Yes)
+        return false;
+
+    // The list replaces the game's own. As with the backup, a list that isn't there to be
+    // replaced is reported, after the new one has been written.
+    fault = FileFault();
+    if (!QFileInfo::exists(list))
+        Keep(fault, Missing(list));
+    Replace(list, PublishedChemicals::AllChemicalsFile(session.Lists), fault);
+    if (fault.Failed()) {
+        session.ShowFault(fault.Number, fault.Description, QStringLiteral("Unable to install new chemicals file"));
+        return false;
+    }
+    return true;
+}
+
+bool MakeSpeciesCaptionFile(Session &session)
+{
+    if (session.GeneCount == 0) {
+        session.ShowInfo(QStringLiteral("No genome/caption file loaded."));
+        return false;
+    }
+    QString name = session.CaptionStore.DefaultCaptionFileName();
+    if (name.size() > 4)
+        name.chop(4); // the extension
+    if (session.ShowMessage(QStringLiteral("This will overwrite the default caption file for ") + QStringLiteral("species '")
+                                + name + QStringLiteral("'.") + CRLF + QStringLiteral("Are you sure you wish ")
+                                + QStringLiteral("to do this?"),
+                            35)
+        != Prompt::Yes)
+        return false;
+    session.CaptionStore.SaveDefaultCaptions();
+    return true;
+}
+
+} // namespace ListPublishing
