@@ -28,17 +28,15 @@ GeneHeaderPanel::GeneHeaderPanel(bool withOrganLabel, QWidget *parent)
         box->setToolTip(tip);
         return box;
     };
+    // Made in the order they stand, row by row, which is the order Tab reaches them.
     chkMutable = check("chkMutable", QStringLiteral("Mut.      Degree:"), QStringLiteral("The gene may mutate"));
-    chkDuplicable = check("chkDuplicable", QStringLiteral("Dup"), QStringLiteral("The gene may be duplicated"));
-    chkRemovable = check("chkRemovable", QStringLiteral("Cut"), QStringLiteral("The gene may be cut out"));
-    chkIgnore = check("chkIgnore", QStringLiteral("Do not express (carry)"),
-                      QStringLiteral("The gene is carried but not expressed"));
-
     txtMutability = new QLineEdit(QStringLiteral("-"), this);
     txtMutability->setObjectName(QStringLiteral("txtMutability"));
     txtMutability->setMaxLength(4);
     txtMutability->setMaximumWidth(fontMetrics().horizontalAdvance(QStringLiteral("00000")) + 16);
     txtMutability->setToolTip(QStringLiteral("Degree of mutability, 0 to 255"));
+    chkDuplicable = check("chkDuplicable", QStringLiteral("Dup"), QStringLiteral("The gene may be duplicated"));
+    chkRemovable = check("chkRemovable", QStringLiteral("Cut"), QStringLiteral("The gene may be cut out"));
 
     sexGroup = new QButtonGroup(this);
     const char *sexCaptions[3] = {"B", "M", "F"};
@@ -53,6 +51,8 @@ GeneHeaderPanel::GeneHeaderPanel(bool withOrganLabel, QWidget *parent)
         sexRow->addWidget(optSex[i]);
     }
     optSex[0]->setChecked(true);
+    chkIgnore = check("chkIgnore", QStringLiteral("Do not express (carry)"),
+                      QStringLiteral("The gene is carried but not expressed"));
 
     auto *grid = new QGridLayout(this);
     grid->setHorizontalSpacing(10);

@@ -68,6 +68,18 @@ private slots:
         QCOMPARE(QList<int>({g->Mutability, g->SwitchOn, g->MutabilityWeighting}), QList<int>({out, 6, weight}));
     }
 
+    // Tab crosses the header row by row, as its controls stand.
+    void headerTabOrder()
+    {
+        GeneEditor *e = kit.Open(Add(2, 3));
+        QStringList order;
+        for (QWidget *w = SwitchOn(e->Owner); order.size() < 9; w = w->nextInFocusChain())
+            if (w->focusPolicy() & Qt::TabFocus)
+                order << w->objectName();
+        QCOMPARE(order, QStringList({"lstSwitchOn", "chkMutable", "txtMutability", "chkDuplicable", "chkRemovable",
+                                     "optSex_0", "optSex_1", "optSex_2", "chkIgnore"}));
+    }
+
     // Close, Cancel, the close box and Escape each reach the gene once; only Cancel and Escape
     // drop the change.
     void waysOut()
