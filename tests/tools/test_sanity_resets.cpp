@@ -1,38 +1,27 @@
 // The sanity check for duplicate genes and the three bulk resets (mutability, chemicals,
 // poses), through the Advanced menu of the main window.
-#include "core/BulkResets.h"
-#include "core/SanityCheck.h"
 #include "core/SummaryTestKit.h"
-#include "core/genes/Biochemistry.h"
-#include "support/ScriptedPrompt.h"
 #include "support/ShownText.h"
 #include "support/TestEnv.h"
 #include "views/HelixbenchForm.h"
 
 #include <QAction>
 #include <QDir>
-#include <QElapsedTimer>
-#include <QLabel>
 #include <QMenu>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QTreeWidget>
 #include <QtTest>
 
 using SummaryTestKit::Add;
 
-namespace {
-// A list file of 257 names and 257 captions, every name and caption i built from the prefix.
-QByteArray ListFile(const QString &prefix)
+// A list file of 257 names, name i being the prefix and i, and no descriptions.
+static QByteArray ListFile(const QString &prefix)
 {
     QString names[NameLists::ListEntries], captions[NameLists::ListEntries];
-    for (int i = 0; i < NameLists::ListEntries; ++i) {
+    for (int i = 0; i < NameLists::ListEntries; ++i)
         names[i] = prefix + QString::number(i);
-        captions[i] = prefix + QStringLiteral(" caption ") + QString::number(i);
-    }
     return NameLists::EncodeListFile(names, captions, NameLists::ListEntries);
 }
-} // namespace
 
 class TestSanityResets : public QObject
 {
@@ -43,14 +32,9 @@ class TestSanityResets : public QObject
     std::unique_ptr<Session> session;
     std::unique_ptr<HelixbenchForm> form;
 
-    void Menu(const char *entry) { form->findChild<QAction *>(QString::fromLatin1(entry))->trigger(); }
-    QString File(const char *name) const { return sandbox->path() + QLatin1Char('/') + QLatin1String(name); }
-    Gene &AddGene(int type, int subType, int id, int generation, const QString &caption = {})
-    {
-        Gene &g = Add(*session, type, subType, id, caption);
-        g.Generation = quint8(generation);
-        return g;
-    }
+    // Runs an entry of the Advanced menu.
+    void Menu(const QString &entry) { form->gappAdvanced->findChild<QAction *>(entry)->trigger(); }
+    QString File(const QString &name) const { return sandbox->path() + '/' + name; }
 
 private slots:
     void init()
@@ -66,284 +50,147 @@ private slots:
         QVERIFY(prompt.AllAnswered());
     }
 
-    void theCommandsStandInTheAdvancedMenuAmongItsOtherEntries()
-    {
-        // The entries of this menu that come from elsewhere may stand between these; the
-        // order of these, and where they stand among the others, is fixed.
-        const QStringList known{"gappaSavePoseDescriptions", "gappaResetPoseNames", "sep2", "gappaSaveChemicalList",
-                                "gappaResetChemicals", "gappaReorganise", "sep3", "gappaResetMutabilityValues",
-                                "gappaSanityCheck", "gappaChangeDefaultTemplate"};
-        QStringList entries;
-        for (QAction *a : form->gappAdvanced->actions())
-            if (known.contains(a->objectName()))
-                entries << a->objectName() + (a->isSeparator() ? QString() : '=' + a->text());
-        QCOMPARE(entries.join(','),
-                 QStringLiteral("gappaSavePoseDescriptions=Save Pose Descriptions,gappaResetPoseNames=Reset Pose Names,sep2,"
-                                "gappaSaveChemicalList=Save Chemical List,gappaResetChemicals=Reset Chemicals,"
-                                "gappaReorganise=Reorganise Chemical Order,sep3,gappaResetMutabilityValues=Reset Mutability Values,"
-                                "gappaSanityCheck=Sanity Check Genome,gappaChangeDefaultTemplate=Change Default Template"));
-    }
-
     // --- sanity check -----------------------------------------------------------------------
 
     void duplicatesAreCountedOverOrderedPairs_data()
     {
         QTest::addColumn<QList<QList<int>>>("genes"); // type, subtype, ID, generation
         QTest::addColumn<int>("errors");
-        QTest::newRow("no genes") << QList<QList<int>>{} << 0;
-        QTest::newRow("one pair") << QList<QList<int>>{{1, 0, 4, 1}, {1, 1, 4, 1}, {1, 0, 4, 1}} << 2;
-        QTest::newRow("three alike") << QList<QList<int>>{{2, 3, 9, 0}, {2, 3, 9, 0}, {2, 3, 9, 0}} << 6;
-        QTest::newRow("equal ID, other generation") << QList<QList<int>>{{1, 0, 4, 1}, {1, 0, 4, 2}} << 0;
-        QTest::newRow("equal ID, other subtype") << QList<QList<int>>{{1, 0, 4, 1}, {1, 4, 4, 1}} << 0;
-        QTest::newRow("equal ID, other type") << QList<QList<int>>{{0, 1, 4, 1}, {1, 1, 4, 1}} << 0;
-        QTest::newRow("two pairs") << QList<QList<int>>{{1, 0, 1, 0}, {1, 0, 2, 0}, {1, 0, 1, 0}, {1, 0, 2, 0}} << 4;
+        QTest::addColumn<QString>("first"); // the first box, and the progress window at the end
+        QTest::newRow("no genes") << QList<QList<int>>{} << 0 << QString();
+        QTest::newRow("one pair") << QList<QList<int>>{{1, 0, 4, 1}, {1, 1, 4, 1}, {1, 0, 4, 1}} << 2
+                                  << "Caution. Duplicate ID for gene #4 (Sugar sensor)\r\nDuplicate is gene #2 (Sugar sensor)"
+                                     "|Please Wait|Working on gene 2 of 3|67";
+        QTest::newRow("three alike") << QList<QList<int>>{{2, 3, 9, 0}, {2, 3, 9, 0}, {2, 3, 9, 0}} << 6
+                                     << "Caution. Duplicate ID for gene #9 (Sugar sensor)\r\nDuplicate is gene #1 (Sugar sensor)"
+                                        "|Please Wait|Working on gene 2 of 3|67";
+        QTest::newRow("equal ID, other generation") << QList<QList<int>>{{1, 0, 4, 1}, {1, 0, 4, 2}} << 0 << QString();
+        QTest::newRow("equal ID, other subtype") << QList<QList<int>>{{1, 0, 4, 1}, {1, 4, 4, 1}} << 0 << QString();
+        QTest::newRow("equal ID, other type") << QList<QList<int>>{{0, 1, 4, 1}, {1, 1, 4, 1}} << 0 << QString();
     }
 
+    // One error box for each ordered pair, naming both genes by their caption, then the
+    // total; two yields for each gene; the first status panel reads "Processing..."
+    // meanwhile and has its old text back afterwards, and the progress window is gone.
     void duplicatesAreCountedOverOrderedPairs()
     {
         QFETCH(QList<QList<int>>, genes);
         QFETCH(int, errors);
+        QFETCH(QString, first);
         for (const QList<int> &g : genes)
-            AddGene(g[0], g[1], g[2], g[3]);
-        for (int i = 0; i <= errors; ++i)
-            prompt.AnswerMessage(Prompt::Ok);
-        const int yieldsBefore = prompt.yields;
-        QCOMPARE(SanityCheck(*session), errors);
-        QCOMPARE(prompt.shown.size(), errors + 1);
-        QCOMPARE(ShownText(prompt.Last()), ShownText("Helixbench", 64, "Total errors (duplicates) found = " + QString::number(errors)));
-        QCOMPARE(prompt.yields - yieldsBefore, 2 * int(genes.size()));
-    }
-
-    void eachDuplicateBoxNamesBothGenesByTheirCaption()
-    {
-        AddGene(1, 0, 7, 2, QStringLiteral("Sugar sensor"));
-        AddGene(1, 1, 7, 2);
-        AddGene(1, 0, 7, 2);
-        prompt.AnswerMessage(Prompt::Ok).AnswerMessage(Prompt::Ok).AnswerMessage(Prompt::Ok);
-        SanityCheck(*session);
-        QCOMPARE(ShownText(prompt.shown[0]),
-                 ShownText("Helixbench", 16, "Caution. Duplicate ID for gene #7 (Sugar sensor)\r\nDuplicate is gene #2 (Sugar sensor)"));
-        QCOMPARE(prompt.shown[1].text, QStringLiteral("Caution. Duplicate ID for gene #7 (Sugar sensor)\r\nDuplicate is gene #0 (Sugar sensor)"));
-        // The progress window said where it was and is gone again.
-        QCOMPARE(prompt.progressTitle + '|' + prompt.progressStatus, QStringLiteral("Please Wait|Working on gene 2 of 3"));
-        QCOMPARE(prompt.progressValue, 67);
-        QVERIFY(!prompt.progressLoaded);
-    }
-
-    void theFirstStatusPanelGetsItsTextBack()
-    {
+            Add(*session, g[0], g[1], g[2], QStringLiteral("Sugar sensor")).Generation = quint8(g[3]);
         session->SetStatusPanel(1, QStringLiteral("Sample.gen"));
-        AddGene(1, 0, 7, 2);
-        AddGene(1, 0, 7, 2);
         QStringList panel;
         connect(session.get(), &Session::StatusPanelChanged, this, [&panel](int p, const QString &t) {
             if (p == 1)
                 panel << t;
         });
-        prompt.AnswerMessage(Prompt::Ok).AnswerMessage(Prompt::Ok).AnswerMessage(Prompt::Ok);
-        Menu("gappaSanityCheck");
+        for (int i = 0; i <= errors; ++i)
+            prompt.AnswerMessage(Prompt::Ok);
+        const int yieldsBefore = prompt.yields;
+        Menu(QStringLiteral("gappaSanityCheck"));
+        QCOMPARE(ShownText(prompt.Last()), ShownText("Helixbench", 64, "Total errors (duplicates) found = " + QString::number(errors)));
+        if (errors)
+            QCOMPARE(ShownText(prompt.shown[0]) + '|' + prompt.progressTitle + '|' + prompt.progressStatus + '|'
+                         + QString::number(prompt.progressValue), ShownText("Helixbench", 16, first));
+        QCOMPARE(prompt.yields - yieldsBefore, 2 * int(genes.size()));
         QCOMPARE(panel.join('|'), QStringLiteral("Processing...|Sample.gen"));
-        QCOMPARE(form->findChild<QLabel *>(QStringLiteral("StatusBar_1"))->text(), QStringLiteral("Sample.gen"));
-        QCOMPARE(prompt.shown.size(), 3);
-    }
-
-    void aFullGenomeIsCheckedWithoutDuplicates()
-    {
-        for (int i = 0; i < 900; ++i)
-            AddGene(1, i % 5, i / 5, 0);
-        prompt.AnswerMessage(Prompt::Ok);
-        QElapsedTimer timer;
-        timer.start();
-        QCOMPARE(SanityCheck(*session), 0);
-        qInfo("sanity check of 900 genes took %lld ms", timer.elapsed());
-        QCOMPARE(prompt.progressStatus, QStringLiteral("Working on gene 899 of 900"));
+        QVERIFY(!prompt.progressLoaded);
     }
 
     // --- mutability -------------------------------------------------------------------------
 
-    void answersFoldByLengthAndValue_data()
+    void resetMutability_data()
     {
         QTest::addColumn<QString>("answer");
-        QTest::addColumn<int>("value"); // -1: refused for its length
-        QTest::newRow("300") << "300" << 44;
-        QTest::newRow("255") << "255" << 255;
-        QTest::newRow("256") << "256" << 0;
-        QTest::newRow("999") << "999" << 231;
-        QTest::newRow("1000") << "1000" << -1;
-        QTest::newRow("0255, four characters") << "0255" << -1;
-        QTest::newRow("text") << "abc" << 0;
-        QTest::newRow("rounded half to even") << "2.5" << 2;
-        QTest::newRow("an exponent") << "1e3" << 232;
-        QTest::newRow("negative") << "-5" << 251;
-        QTest::newRow("a leading blank") << " 7" << 7;
+        QTest::addColumn<int>("button"); // to the question; 0: none comes
+        QTest::addColumn<int>("value"); // of every gene afterwards; 128 is unchanged
+        QTest::newRow("300") << "300" << int(Prompt::Yes) << 44;
+        QTest::newRow("999") << "999" << int(Prompt::Yes) << 231;
+        QTest::newRow("the preset 0") << "0" << int(Prompt::Yes) << 0;
+        QTest::newRow("1000, too long") << "1000" << 0 << 128;
+        QTest::newRow("cancelled input") << "" << 0 << 128;
+        QTest::newRow("No") << "255" << int(Prompt::No) << 128;
+        QTest::newRow("Cancel") << "255" << int(Prompt::Cancel) << 128;
     }
 
-    void answersFoldByLengthAndValue()
-    {
-        QFETCH(QString, answer);
-        QFETCH(int, value);
-        QCOMPARE(FoldMutabilityAnswer(answer), value);
-    }
-
-    void resetMutabilitySetsEveryGeneAfterTheQuestion()
-    {
-        Gene &a = AddGene(1, 0, 1, 0);
-        Gene &b = AddGene(2, 3, 1, 0);
-        a.MutabilityWeighting = 128;
-        b.MutabilityWeighting = 7;
-        QSignalSpy refreshed(session.get(), &Session::ViewsRefreshRequested);
-        prompt.AnswerInput(QStringLiteral("300")).AnswerMessage(Prompt::Yes);
-        Menu("gappaResetMutabilityValues");
-        QCOMPARE(prompt.shown[0].title + '|' + prompt.shown[0].text,
-                 QStringLiteral("Reset Mutability Weightings|Enter a value (0 to 255) to reset all mutability weightings to [0]"));
-        QCOMPARE(ShownText(prompt.shown[1]), ShownText("Helixbench", 35,
-                 "This will reset all gene mutability percentages to 44.\r\nAre you sure you wish to perform this action?"));
-        QCOMPARE(a.MutabilityWeighting * 1000 + b.MutabilityWeighting, 44044);
-        QCOMPARE(refreshed.count(), 1);
-    }
-
-    void resetMutabilityStopsWithoutChange_data()
-    {
-        QTest::addColumn<QString>("answer");
-        QTest::addColumn<int>("button"); // 0: no question comes
-        QTest::addColumn<QString>("last");
-        QTest::newRow("cancelled input") << "" << 0 << "";
-        QTest::newRow("too long") << "1000" << 0 << ShownText("Helixbench", 16, "Invalid number entered. Range is 0 to 255.");
-        QTest::newRow("No") << "0" << int(Prompt::No) << "";
-        QTest::newRow("Cancel") << "0" << int(Prompt::Cancel) << "";
-    }
-
-    void resetMutabilityStopsWithoutChange()
+    void resetMutability()
     {
         QFETCH(QString, answer);
         QFETCH(int, button);
-        QFETCH(QString, last);
-        Gene &a = AddGene(1, 0, 1, 0);
-        a.MutabilityWeighting = 128;
+        QFETCH(int, value);
+        Add(*session, 1, 0).MutabilityWeighting = 128;
+        Add(*session, 2, 3).MutabilityWeighting = 128;
         QSignalSpy refreshed(session.get(), &Session::ViewsRefreshRequested);
         prompt.AnswerInput(answer);
+        if (button || !answer.isEmpty())
+            prompt.AnswerMessage(button ? button : int(Prompt::Ok));
+        Menu(QStringLiteral("gappaResetMutabilityValues"));
+        QCOMPARE(prompt.shown[0].title + '|' + prompt.shown[0].text,
+                 QStringLiteral("Reset Mutability Weightings|Enter a value (0 to 255) to reset all mutability weightings to [0]"));
         if (button)
-            prompt.AnswerMessage(button);
-        else if (!last.isEmpty())
-            prompt.AnswerMessage(Prompt::Ok);
-        QVERIFY(!ResetMutabilityValues(*session));
-        if (!last.isEmpty())
-            QCOMPARE(ShownText(prompt.Last()), last);
-        QCOMPARE(int(a.MutabilityWeighting), 128);
-        QCOMPARE(refreshed.count(), 0);
+            QCOMPARE(ShownText(prompt.Last()), ShownText("Helixbench", 35, "This will reset all gene mutability percentages to "
+                     + QString::number(value == 128 ? 255 : value) + ".\r\nAre you sure you wish to perform this action?"));
+        else if (!answer.isEmpty())
+            QCOMPARE(ShownText(prompt.Last()), ShownText("Helixbench", 16, "Invalid number entered. Range is 0 to 255."));
+        QCOMPARE(session->GeneAt(0)->MutabilityWeighting * 1000 + session->GeneAt(1)->MutabilityWeighting, value * 1001);
+        QCOMPARE(refreshed.count(), button == Prompt::Yes ? 1 : 0);
     }
 
     void resetMutabilityWithNoGenesSaysSo()
     {
         prompt.AnswerMessage(Prompt::Ok);
-        QVERIFY(!ResetMutabilityValues(*session));
+        Menu(QStringLiteral("gappaResetMutabilityValues"));
         QCOMPARE(ShownText(prompt.Last()), ShownText("Helixbench", 64, "No genes loaded"));
     }
 
     // --- list resets ------------------------------------------------------------------------
 
-    void resetChemicalsCopiesTheFactoryListAndLoadsIt()
+    void resetListToDefaults_data()
     {
-        QVERIFY(TestFiles::Write(File("chemicals.def"), ListFile(QStringLiteral("def"))));
-        QVERIFY(TestFiles::Write(File("chemicals.txt"), ListFile(QStringLiteral("mine")) + "tail of a longer file"));
-        // A folder elsewhere as the working directory: the reset must not look there.
-        QTemporaryDir elsewhere;
-        QVERIFY(TestFiles::Write(elsewhere.path() + QStringLiteral("/chemicals.def"), ListFile(QStringLiteral("wrong"))));
-        QDir::setCurrent(elsewhere.path());
-        session->Lists.ChemicalsChanged = true;
-        auto &receptor = Add<clsReceptor>(*session, 1, 0);
-        receptor.Chem = 33;
+        QTest::addColumn<bool>("chemicals"); // or poses
+        QTest::addColumn<bool>("factoryThere");
+        QTest::newRow("chemicals") << true << true;
+        QTest::newRow("poses") << false << true;
+        QTest::newRow("chemicals, no factory file") << true << false;
+        QTest::newRow("poses, no factory file") << false << false;
+    }
 
+    // Only Yes goes on. The factory file replaces the list file (as spelt on disk) or, when
+    // it is missing, the fault is told and no file changes; the list is loaded and shown
+    // again from what is there, its changed flag left alone.
+    void resetListToDefaults()
+    {
+        QFETCH(bool, chemicals);
+        QFETCH(bool, factoryThere);
+        const QString file = chemicals ? "chemicals.txt" : "PoseName.txt", factory = chemicals ? "chemicals.def" : "posename.def";
+        const QByteArray mine = ListFile(QStringLiteral("mine")) + "tail of a longer file";
+        QVERIFY(TestFiles::Write(File(file), mine));
+        if (factoryThere)
+            QVERIFY(TestFiles::Write(File(factory), ListFile(QStringLiteral("def"))));
+        NameLists &lists = session->Lists;
+        lists.ChemicalsChanged = lists.PosesChanged = true;
+        (chemicals ? lists.ChemicalNames : lists.PoseNames)[9] = QStringLiteral("edited");
+
+        prompt.AnswerMessage(Prompt::No);
+        Menu(chemicals ? "gappaResetChemicals" : "gappaResetPoseNames");
+        QCOMPARE(chemicals ? lists.ChemicalNames[9] : lists.PoseNames[9], QStringLiteral("edited"));
         prompt.AnswerMessage(Prompt::Yes);
-        Menu("gappaResetChemicals");
-        QCOMPARE(ShownText(prompt.shown[0]), ShownText("Helixbench", 35,
-                 "This will delete any changes you have made.\r\nAre you sure you wish to reset the chemical list?"));
-        QCOMPARE(prompt.shown.size(), 1);
-        QCOMPARE(TestFiles::Read(File("chemicals.txt")), ListFile(QStringLiteral("def")));
-        QCOMPARE(session->Lists.ChemicalNames[33] + '|' + session->Lists.ChemicalCaptions[33], QStringLiteral("def33|def caption 33"));
-        QVERIFY(session->Lists.ChemicalsChanged);
-        QCOMPARE(int(receptor.Chem), 33);
-        auto *view = form->findChild<QTreeWidget *>(QStringLiteral("ChemicalListView"));
-        QCOMPARE(view->topLevelItemCount(), 256);
-        QCOMPARE(view->topLevelItem(33)->text(1), QStringLiteral("def33"));
-        QCOMPARE(form->findChild<QLabel *>(QStringLiteral("ChemCountLabel"))->text(), session->Lists.ChemicalCountText());
-    }
-
-    void resetPoseNamesDoesTheSameWithThePoseFiles()
-    {
-        QVERIFY(TestFiles::Write(File("posename.def"), ListFile(QStringLiteral("pose"))));
-        QVERIFY(TestFiles::Write(File("PoseName.txt"), ListFile(QStringLiteral("mine"))));
-        prompt.AnswerMessage(Prompt::Yes);
-        Menu("gappaResetPoseNames");
-        QCOMPARE(ShownText(prompt.shown[0]), ShownText("Helixbench", 35,
-                 "This will delete any changes you have made.\r\nAre you sure you wish to reset the pose description list?"));
-        // The file under its other spelling is the one replaced: no second file beside it.
-        QCOMPARE(TestFiles::Read(File("PoseName.txt")), ListFile(QStringLiteral("pose")));
-        QVERIFY(!QFile::exists(File("posename.txt")));
-        QCOMPARE(session->Lists.PoseNames[5], QStringLiteral("pose5"));
-        QCOMPARE(form->findChild<QTreeWidget *>(QStringLiteral("PoseListView"))->topLevelItem(5)->text(2),
-                 QStringLiteral("pose caption 5"));
-        QCOMPARE(form->findChild<QLabel *>(QStringLiteral("PoseCountLabel"))->text(), session->Lists.PoseCountText());
-    }
-
-    void aMissingFactoryFileIsReportedAndChangesNoFile_data()
-    {
-        QTest::addColumn<int>("list");
-        QTest::addColumn<QString>("file");
-        QTest::addColumn<QString>("factory");
-        QTest::addColumn<QString>("context");
-        QTest::newRow("chemicals") << int(ResettableList::Chemicals) << "chemicals.txt" << "chemicals.def"
-                                   << "Error resetting chemicals to defaults";
-        QTest::newRow("poses") << int(ResettableList::Poses) << "posename.txt" << "posename.def"
-                               << "Error resetting pose descriptions to defaults";
-    }
-
-    void aMissingFactoryFileIsReportedAndChangesNoFile()
-    {
-        QFETCH(int, list);
-        QFETCH(QString, file);
-        QFETCH(QString, factory);
-        QFETCH(QString, context);
-        const QString path = sandbox->path() + '/' + file;
-        QVERIFY(TestFiles::Write(path, ListFile(QStringLiteral("mine"))));
-        prompt.AnswerMessage(Prompt::Yes).AnswerMessage(Prompt::Ok);
-        QVERIFY(ResetListToDefaults(*session, ResettableList(list)));
-        QCOMPARE(ShownText(prompt.shown[1]),
-                 ShownText("Helixbench", 16, context + "\r\nData may have been lost.\n\rDescription: Error ID 53 (File not found: "
-                                                 + sandbox->path() + '/' + factory + ")"));
-        QCOMPARE(TestFiles::Read(path), ListFile(QStringLiteral("mine")));
-        QCOMPARE(QDir(sandbox->path()).entryList(QDir::Files), QStringList{file});
-        // The list is loaded again all the same, from the file as it was.
-        QCOMPARE(list == int(ResettableList::Chemicals) ? session->Lists.ChemicalNames[9] : session->Lists.PoseNames[9],
-                 QStringLiteral("mine9"));
-    }
-
-    void anyAnswerButYesLeavesTheListAndItsFile_data()
-    {
-        QTest::addColumn<int>("button");
-        QTest::newRow("No") << int(Prompt::No);
-        QTest::newRow("Cancel") << int(Prompt::Cancel);
-    }
-
-    void anyAnswerButYesLeavesTheListAndItsFile()
-    {
-        QFETCH(int, button);
-        QVERIFY(TestFiles::Write(File("chemicals.def"), ListFile(QStringLiteral("def"))));
-        QVERIFY(TestFiles::Write(File("chemicals.txt"), ListFile(QStringLiteral("mine"))));
-        session->Lists.ChemicalNames[9] = QStringLiteral("edited");
-        prompt.AnswerMessage(button);
-        QVERIFY(!ResetListToDefaults(*session, ResettableList::Chemicals));
-        QCOMPARE(TestFiles::Read(File("chemicals.txt")), ListFile(QStringLiteral("mine")));
-        QCOMPARE(session->Lists.ChemicalNames[9], QStringLiteral("edited"));
-    }
-
-    void aMissingListFileIsMadeFromTheFactoryFile()
-    {
-        QVERIFY(TestFiles::Write(File("chemicals.def"), ListFile(QStringLiteral("def"))));
-        prompt.AnswerMessage(Prompt::Yes);
-        QVERIFY(ResetListToDefaults(*session, ResettableList::Chemicals));
-        QCOMPARE(prompt.shown.size(), 1);
-        QCOMPARE(TestFiles::Read(File("chemicals.txt")), ListFile(QStringLiteral("def")));
+        if (!factoryThere)
+            prompt.AnswerMessage(Prompt::Ok);
+        Menu(chemicals ? "gappaResetChemicals" : "gappaResetPoseNames");
+        QCOMPARE(ShownText(prompt.shown[1]), ShownText("Helixbench", 35, "This will delete any changes you have made.\r\nAre you sure you "
+                 "wish to reset the " + QString(chemicals ? "chemical list" : "pose description list") + "?"));
+        if (!factoryThere)
+            QCOMPARE(ShownText(prompt.Last()), ShownText("Helixbench", 16, QString(chemicals ? "Error resetting chemicals to defaults"
+                     : "Error resetting pose descriptions to defaults") + "\r\nData may have been lost.\n\rDescription: Error ID 53 "
+                     "(File not found: " + File(factory) + ")"));
+        QCOMPARE(TestFiles::Read(File(file)), factoryThere ? ListFile(QStringLiteral("def")) : mine);
+        QCOMPARE(QDir(sandbox->path()).entryList(QDir::Files), factoryThere ? QStringList({factory, file}) : QStringList({file}));
+        QVERIFY(lists.ChemicalsChanged && lists.PosesChanged);
+        const QString name = factoryThere ? "def9" : "mine9";
+        QCOMPARE(chemicals ? lists.ChemicalNames[9] : lists.PoseNames[9], name);
+        QCOMPARE(form->findChild<QTreeWidget *>(chemicals ? "ChemicalListView" : "PoseListView")->topLevelItem(9)->text(1), name);
     }
 };
 
