@@ -123,15 +123,15 @@ private slots:
         auto inject = [](int id, int generation = 9, int conc = 2) {
             return Header(1, 4, id).replace(7, 1, QByteArray(1, char(generation))) + char(1) + char(conc);
         };
-        // Left: A1 B2 C3 D4 D4'. Right: B2 A1 E5 D4 D4'(changed) and A1 of another generation.
+        // Left: A1 B2 C3 D4 D4'. Right: B2, A1 of another generation, A1, E5, D4, D4'(changed).
         QVERIFY(DecodeBytes(*session, File(inject(1) + inject(2) + inject(3) + inject(4) + inject(4, 9, 7))));
-        auto other = ReadOther(File(inject(2) + inject(1) + inject(5) + inject(4) + inject(4, 9, 8) + inject(1, 10)));
+        auto other = ReadOther(File(inject(2) + inject(1, 10) + inject(1) + inject(5) + inject(4) + inject(4, 9, 8)));
         const auto c = GenomeCompare::Compare(*session, other->Genome());
         QStringList rows;
         for (const auto &p : c.pairs)
             rows << QStringLiteral("%1:%2 %3").arg(p.left).arg(p.right).arg(GenomeCompare::StateText(p.state));
         QCOMPARE(rows.join(QStringLiteral(", ")),
-                 QStringLiteral("0:1 same, -1:2 only right, 1:0 same, 2:-1 only left, 3:3 same, 4:4 changed, -1:5 only right"));
+                 QStringLiteral("0:2 same, -1:3 only right, 1:0 same, -1:1 only right, 2:-1 only left, 3:4 same, 4:5 changed"));
     }
 
     // A genome against itself and against its own file with its captions: all the same, no
