@@ -35,12 +35,12 @@ class TestCompareWindow : public QObject
         form->findChild<QAction *>(QStringLiteral("gappcCompareGenome"))->trigger();
         return form->findChild<GenomeCompareForm *>();
     }
-    // A column of the top-level rows, comma-separated.
-    static QString Column(const GenomeCompareForm *w, int column)
+    // A column of the top-level rows of a list, comma-separated.
+    static QString Column(const QTreeWidget *list, int column)
     {
         QStringList texts;
-        for (int i = 0; i < w->CompareListView->topLevelItemCount(); ++i)
-            texts << w->CompareListView->topLevelItem(i)->text(column);
+        for (int i = 0; list && i < list->topLevelItemCount(); ++i)
+            texts << list->topLevelItem(i)->text(column);
         return texts.join(',');
     }
 
@@ -68,18 +68,18 @@ private slots:
     {
         GenomeCompareForm *w = Compare(File(Species() + Pose(1, 42) + Receptor(1, 6) + Receptor(2, 5)));
         QVERIFY(w && w->txtMessages->parentWidget()->isHidden());
-        QCOMPARE(Column(w, 0), QStringLiteral("same,changed,only right,same"));
+        QCOMPARE(Column(w->CompareListView, 0), QStringLiteral("same,changed,only right,same"));
         QCOMPARE(w->lblSummary->text(), QStringLiteral("3 genes left, 4 right: 2 same, 1 changed, 0 only left, 1 only right"));
-        QCOMPARE(Column(w, 5).section(',', 1, 1), QStringLiteral("#002 <no caption>"));
+        QCOMPARE(Column(w->CompareListView, 5).section(',', 1, 1), QStringLiteral("#002 <no caption>"));
         const QTreeWidgetItem *field = w->CompareListView->topLevelItem(1)->child(0);
         QCOMPARE(QStringList({field->text(1), field->text(4), field->text(5)}), QStringList({"Chemical", "5 (Glucose)", "6"}));
 
         w->lstShow->setCurrentIndex(1);
-        QCOMPARE(Column(w, 0), QStringLiteral("changed,only right"));
+        QCOMPARE(Column(w->CompareListView, 0), QStringLiteral("changed,only right"));
         w->lstKind->setCurrentIndex(1 + GeneKinds::IndexOf(GeneKind::Pose));
         QCOMPARE(w->CompareListView->topLevelItemCount(), 0);
         QVERIFY(GeneCommands::DeleteGene(*s(), 2, true)); // the pose
-        QCOMPARE(Column(w, 0), QStringLiteral("only right"));
+        QCOMPARE(Column(w->CompareListView, 0), QStringLiteral("only right"));
     }
 
     // Copying the selected right genes: each lands at the end of the open genome with a
@@ -88,7 +88,7 @@ private slots:
     void copyAddsRowsAndComparesAgain()
     {
         GenomeCompareForm *w = Compare(File(Species() + Receptor(1, 6) + Receptor(4, 5)));
-        QCOMPARE(Column(w, 0), QStringLiteral("same,changed,only right,only left"));
+        QCOMPARE(Column(w->CompareListView, 0), QStringLiteral("same,changed,only right,only left"));
         kit.prompt.AnswerMessage(Prompt::Ok);
         w->btnCopy->click();
         QCOMPARE(kit.prompt.Last().text, QStringLiteral("No gene of the other genome is selected to copy"));
@@ -96,11 +96,9 @@ private slots:
         w->CompareListView->topLevelItem(2)->setSelected(true);
         w->btnCopy->click();
 
-        QCOMPARE(QList<int>({s()->GeneCount, s()->GeneAt(3)->ID, s()->GeneAt(4)->ID}), QList<int>({5, 2, 4}));
-        const QTreeWidget *list = form->findChild<QTreeWidget *>(QStringLiteral("GeneListListView"));
-        QCOMPARE(QStringList({QString::number(list->topLevelItemCount()), list->topLevelItem(4)->text(2)}), QStringList({"5", "004"}));
+        QCOMPARE(Column(form->findChild<QTreeWidget *>(QStringLiteral("GeneListListView")), 2), QStringLiteral("001,001,001,002,004"));
         // The changed receptor's copy took ID 2 and pairs with nothing; the other now matches.
-        QCOMPARE(Column(w, 0), QStringLiteral("same,changed,only left,only left,same"));
+        QCOMPARE(Column(w->CompareListView, 0), QStringLiteral("same,changed,only left,only left,same"));
     }
 
     // A damaged or foreign file: its messages stand in the window, the open genome shows on
@@ -118,7 +116,7 @@ private slots:
         GenomeCompareForm *w = Compare(bytes);
         QVERIFY(w && !w->Other().Loaded() && !w->txtMessages->parentWidget()->isHidden());
         QTEST(w->txtMessages->toPlainText().section(QLatin1Char('\n'), -1), "message"); // the last one
-        QCOMPARE(Column(w, 0), QStringLiteral("only left,only left,only left"));
+        QCOMPARE(Column(w->CompareListView, 0), QStringLiteral("only left,only left,only left"));
     }
 };
 
