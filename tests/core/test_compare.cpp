@@ -50,10 +50,10 @@ class TestCompare : public QObject
     QByteArray State()
     {
         const Session &s = *session;
-        QStringList l{s.StatusPanel[2], s.MainTitle, QString::number(s.CaptionStore.CaptionCount), QString::number(s.SummaryStale)};
+        QStringList l{s.StatusPanel[2], s.MainTitle, QString::number(s.SummaryStale)};
         for (const QFileInfo &i : QDir(sandbox->path()).entryInfoList({QStringLiteral("*.gno")}, QDir::Files))
             l << i.fileName() + QString::number(i.size()) + i.lastModified().toString(Qt::ISODateWithMs);
-        return ImageBytes(s, GenomeImage::Size) + GenomeCompare::GeneRecords(*session).join() + l.join('|').toUtf8();
+        return ImageBytes(s, GenomeImage::Size) + GenomeCompare::GeneRecords(*session).join() + s.CaptionStore.FileBytes() + l.join('|').toUtf8();
     }
 
 private slots:
