@@ -2,7 +2,6 @@
 #include "core/compare/OtherGenome.h"
 #include "editors/EditorTestKit.h"
 #include "support/KindBodies.h"
-#include "views/GeneEditorTab.h"
 #include "core/GeneCommands.h"
 #include "views/GenomeCompareForm.h"
 #include "views/HelixbenchForm.h"
@@ -22,41 +21,27 @@ class TestCompareWindow : public QObject
     std::unique_ptr<HelixbenchForm> form;
     Session *s() { return kit.session.get(); }
 
-    QString Write(const QString &name, const QByteArray &bytes)
+    // Opens the genome species, receptor 1 on chemical 5, pose 1; chooses a file of `other`
+    // (with the open genome's captions) in the open dialog of the menu entry, and gives the
+    // window that opened.
+    GenomeCompareForm *Compare(const QByteArray &other)
     {
-        const QString path = kit.sandbox->path() + QLatin1Char('/') + name;
-        TestFiles::Write(path, bytes);
-        return path;
-    }
-    // The open genome: species, receptor 1 on chemical 5, pose 1.
-    void OpenGenome()
-    {
-        QVERIFY(DecodeBytes(*s(), File(Species() + Receptor(1, 5) + Pose(1, 42))));
+        DecodeBytes(*s(), File(Species() + Receptor(1, 5) + Pose(1, 42)));
         s()->RefreshViews();
-    }
-    // Chooses the file in the open dialog and runs the menu entry; gives the window that opened.
-    GenomeCompareForm *Compare(const QByteArray &file)
-    {
-        const QString path = Write(QStringLiteral("other.gen"), file);
-        Write(QStringLiteral("other.gno"), s()->CaptionStore.FileBytes());
-        kit.prompt.AnswerOpen(path);
+        const QString path = kit.sandbox->path() + QStringLiteral("/other.gen");
+        TestFiles::Write(path, other);
+        TestFiles::Write(kit.sandbox->path() + QStringLiteral("/other.gno"), s()->CaptionStore.FileBytes());
+        kit.prompt.AnswerOpen(other.isNull() ? QString() : path);
         form->findChild<QAction *>(QStringLiteral("gappcCompareGenome"))->trigger();
         return form->findChild<GenomeCompareForm *>();
     }
-    static QString Column(const GenomeCompareForm *w, int column)
+    // A column of the top-level rows of a list, comma-separated.
+    static QString Column(const QTreeWidget *list, int column)
     {
         QStringList texts;
-        for (int i = 0; i < w->CompareListView->topLevelItemCount(); ++i)
-            texts << w->CompareListView->topLevelItem(i)->text(column);
+        for (int i = 0; list && i < list->topLevelItemCount(); ++i)
+            texts << list->topLevelItem(i)->text(column);
         return texts.join(',');
-    }
-    static QStringList Children(const GenomeCompareForm *w, int row)
-    {
-        QStringList texts;
-        const QTreeWidgetItem *item = w->CompareListView->topLevelItem(row);
-        for (int c = 0; c < item->childCount(); ++c)
-            texts << item->child(c)->text(1) + ": " + item->child(c)->text(4) + " / " + item->child(c)->text(5);
-        return texts;
     }
 
 private slots:
@@ -64,8 +49,6 @@ private slots:
     {
         kit.Init();
         s()->Lists.ChemicalNames[5] = QStringLiteral("Glucose");
-        s()->Lists.ChemicalNames[6] = QStringLiteral("Fructose");
-        s()->Lists.PoseNames[42] = QStringLiteral("Wave");
         s()->LastGenomeDirectory = kit.sandbox->path() + QLatin1Char('/');
         form.reset(new HelixbenchForm(*s()));
     }
@@ -76,92 +59,50 @@ private slots:
         kit.Cleanup();
     }
 
-    // The entry stands in a menu of its own after the standard menus; a cancelled file
-    // dialog opens nothing.
-    void menuEntryAfterTheStandardMenus()
-    {
-        const QList<QAction *> menus = form->menuBar()->actions();
-        QCOMPARE(menus.last()->menu()->objectName(), QStringLiteral("gappCompare"));
-        kit.prompt.AnswerOpen(QString());
-        form->findChild<QAction *>(QStringLiteral("gappcCompareGenome"))->trigger();
-        QVERIFY(!form->findChild<GenomeCompareForm *>());
-    }
+    // A cancelled file dialog opens nothing.
+    void cancelledFileDialogOpensNothing() { QVERIFY(!Compare(QByteArray())); }
 
-    // A genome against its own file: every row the same, nothing to expand, no messages.
-    void sameGenomeShowsAllSame()
+    // A changed pair lists its fields with both values; the filters narrow the rows; the
+    // window compares again when the open genome loses a gene.
+    void differencesFiltersAndTheOpenGenomeFollowed()
     {
-        OpenGenome();
-        GenomeCompareForm *w = Compare(File(Species() + Receptor(1, 5) + Pose(1, 42)));
-        QVERIFY(w);
-        QCOMPARE(Column(w, 0), QStringLiteral("same,same,same"));
-        QCOMPARE(w->lblSummary->text(), QStringLiteral("3 genes left, 3 right: 3 same, 0 changed, 0 only left, 0 only right"));
-        QVERIFY(w->txtMessages->parentWidget()->isHidden());
-        w->lstShow->setCurrentIndex(1);
-        QCOMPARE(w->CompareListView->topLevelItemCount(), 0);
-    }
-
-    // A changed pair lists its fields with both values; the filters narrow the rows.
-    void differencesAndFilters()
-    {
-        OpenGenome();
         GenomeCompareForm *w = Compare(File(Species() + Pose(1, 42) + Receptor(1, 6) + Receptor(2, 5)));
-        QCOMPARE(Column(w, 0), QStringLiteral("same,changed,only right,same"));
-        QCOMPARE(Column(w, 4).section(',', 1, 1), QStringLiteral("#001 <no caption>"));
-        QCOMPARE(Column(w, 5).section(',', 1, 1), QStringLiteral("#002 <no caption>"));
-        QCOMPARE(Children(w, 1), QStringList{QStringLiteral("Chemical: 5 (Glucose) / 6 (Fructose)")});
-        QVERIFY(w->CompareListView->topLevelItem(1)->isExpanded());
+        QVERIFY(w && w->txtMessages->parentWidget()->isHidden());
+        QCOMPARE(Column(w->CompareListView, 0), QStringLiteral("same,changed,only right,same"));
+        QCOMPARE(w->lblSummary->text(), QStringLiteral("3 genes left, 4 right: 2 same, 1 changed, 0 only left, 1 only right"));
+        QCOMPARE(Column(w->CompareListView, 5).section(',', 1, 1), QStringLiteral("#002 <no caption>"));
+        const QTreeWidgetItem *field = w->CompareListView->topLevelItem(1)->child(0);
+        QCOMPARE(QStringList({field->text(1), field->text(4), field->text(5)}), QStringList({"Chemical", "5 (Glucose)", "6"}));
 
         w->lstShow->setCurrentIndex(1);
-        QCOMPARE(Column(w, 0), QStringLiteral("changed,only right"));
+        QCOMPARE(Column(w->CompareListView, 0), QStringLiteral("changed,only right"));
         w->lstKind->setCurrentIndex(1 + GeneKinds::IndexOf(GeneKind::Pose));
         QCOMPARE(w->CompareListView->topLevelItemCount(), 0);
-        w->lstShow->setCurrentIndex(0);
-        QCOMPARE(Column(w, 1), QStringLiteral("Creature: Pose (Wave)"));
+        QVERIFY(GeneCommands::DeleteGene(*s(), 2, true)); // the pose
+        QCOMPARE(Column(w->CompareListView, 0), QStringLiteral("only right"));
     }
 
     // Copying the selected right genes: each lands at the end of the open genome with a
-    // spare ID where its own is taken, the gene list gets its rows, the summaries go stale,
-    // and the window compares again.
+    // spare ID where its own is taken, the gene list gets its rows, and the window compares
+    // again. Nothing selected is a message.
     void copyAddsRowsAndComparesAgain()
     {
-        OpenGenome();
         GenomeCompareForm *w = Compare(File(Species() + Receptor(1, 6) + Receptor(4, 5)));
-        QCOMPARE(Column(w, 0), QStringLiteral("same,changed,only right,only left"));
+        QCOMPARE(Column(w->CompareListView, 0), QStringLiteral("same,changed,only right,only left"));
+        kit.prompt.AnswerMessage(Prompt::Ok);
+        w->btnCopy->click();
+        QCOMPARE(kit.prompt.Last().text, QStringLiteral("No gene of the other genome is selected to copy"));
         w->CompareListView->topLevelItem(1)->child(0)->setSelected(true); // a field row picks its gene
         w->CompareListView->topLevelItem(2)->setSelected(true);
         w->btnCopy->click();
 
-        QCOMPARE(s()->GeneCount, 5);
-        QCOMPARE(QList<int>({s()->GeneAt(3)->ID, s()->GeneAt(4)->ID}), QList<int>({2, 4}));
-        QVERIFY(s()->SummaryStale && s()->OrganViewStale);
-        auto *list = form->findChild<QTreeWidget *>(QStringLiteral("GeneListListView"));
-        QCOMPARE(list->topLevelItemCount(), 5);
-        QCOMPARE(list->topLevelItem(4)->text(2), QStringLiteral("004"));
+        QCOMPARE(Column(form->findChild<QTreeWidget *>(QStringLiteral("GeneListListView")), 2), QStringLiteral("001,001,001,002,004"));
         // The changed receptor's copy took ID 2 and pairs with nothing; the other now matches.
-        QCOMPARE(Column(w, 0), QStringLiteral("same,changed,only left,only left,same"));
-        QCOMPARE(kit.prompt.MessageTexts(), QStringList());
-    }
-
-    // Nothing selected, and a copy refused for the gene limit: a message, and nothing changes.
-    void refusedCopiesChangeNothing()
-    {
-        QByteArray genes = Species();
-        for (int i = 1; i < 899; ++i)
-            genes += Header(1, 4, i % 256) + Hex("0102");
-        QVERIFY(DecodeBytes(*s(), File(genes)));
-        GenomeCompareForm *w = Compare(File(Species() + Receptor(1, 5)));
-        kit.prompt.AnswerMessage(Prompt::Ok).AnswerMessage(Prompt::Ok);
-        w->btnCopy->click();
-        QCOMPARE(kit.prompt.Last().text, QStringLiteral("No gene of the other genome is selected to copy"));
-        w->lstShow->setCurrentIndex(1);
-        w->CompareListView->selectAll();
-        w->btnCopy->click();
-        QVERIFY(kit.prompt.Last().text.startsWith(QStringLiteral("Reached the limit of 900 genes.")));
-        QCOMPARE(s()->GeneCount, 899);
+        QCOMPARE(Column(w->CompareListView, 0), QStringLiteral("same,changed,only left,only left,same"));
     }
 
     // A damaged or foreign file: its messages stand in the window, the open genome shows on
-    // the left only, and nothing reaches the user's prompt.
+    // the left only, and nothing reaches the user's prompt (which fails the test on any message).
     void damagedFileShowsItsMessages_data()
     {
         QTest::addColumn<QByteArray>("bytes");
@@ -172,25 +113,10 @@ private slots:
     void damagedFileShowsItsMessages()
     {
         QFETCH(QByteArray, bytes);
-        QFETCH(QString, message);
-        OpenGenome();
         GenomeCompareForm *w = Compare(bytes);
-        QVERIFY(w);
-        QVERIFY(!w->Other().Loaded());
-        QVERIFY(!w->txtMessages->parentWidget()->isHidden());
-        QVERIFY2(w->txtMessages->toPlainText().contains(message), qPrintable(w->txtMessages->toPlainText()));
-        QCOMPARE(Column(w, 0), QStringLiteral("only left,only left,only left"));
-        QCOMPARE(kit.prompt.MessageTexts(), QStringList());
-    }
-
-    // The window follows the open genome: a deleted gene leaves the comparison at once.
-    void followsTheOpenGenome()
-    {
-        OpenGenome();
-        GenomeCompareForm *w = Compare(File(Species() + Receptor(1, 5) + Pose(1, 42)));
-        QCOMPARE(Column(w, 0), QStringLiteral("same,same,same"));
-        QVERIFY(GeneCommands::DeleteGene(*s(), 2, true));
-        QCOMPARE(Column(w, 0), QStringLiteral("same,same,only right"));
+        QVERIFY(w && !w->Other().Loaded() && !w->txtMessages->parentWidget()->isHidden());
+        QTEST(w->txtMessages->toPlainText().section(QLatin1Char('\n'), -1), "message"); // the last one
+        QCOMPARE(Column(w->CompareListView, 0), QStringLiteral("only left,only left,only left"));
     }
 };
 
