@@ -53,13 +53,15 @@ int main(int argc, char *argv[])
     QApplication app(argc, argv);
     QApplication::setApplicationVersion(QStringLiteral(HELIX_FILE_VERSION));
     QStringList args = app.arguments().mid(1);
-    QSize outer;
+    QSize outer; // invalid: the window's own size
+    bool badSize = false;
     if (args.size() >= 2 && args.first() == QLatin1String("--size")) {
         const QStringList wh = args.at(1).split(QLatin1Char('x'));
         outer = wh.size() == 2 ? QSize(wh[0].toInt(), wh[1].toInt()) : QSize();
+        badSize = outer.isEmpty();
         args = args.mid(2);
     }
-    if (args.isEmpty() || (outer.isEmpty() && !outer.isNull())) {
+    if (args.isEmpty() || badSize) {
         std::fprintf(stderr, "usage: helix_shots [--size WxH] OUTDIR [NAME...]\n");
         return 2;
     }
@@ -73,7 +75,7 @@ int main(int argc, char *argv[])
     window.Startup(QCoreApplication::applicationDirPath());
     window.resize(window.sizeHint().expandedTo(window.size()));
     window.show();
-    if (!outer.isNull())
+    if (outer.isValid())
         window.resize(outer - (window.frameGeometry().size() - window.size()));
     if (!session.LoadGenomeFile(QStringLiteral(HELIX_SAMPLE_GENOME)))
         std::fprintf(stderr, "the sample genome did not load\n");

@@ -221,6 +221,8 @@ void HelixbenchForm::BuildStatusBar()
 {
     QStatusBar *bar = statusBar();
     bar->setObjectName(QStringLiteral("StatusBar"));
+    // The window frame resizes; a grip would take room the three panels need in a narrow window.
+    bar->setSizeGripEnabled(false);
     for (int i = 1; i <= 3; ++i) {
         StatusPanel[i] = new QLabel(session.StatusPanel[i], bar);
         StatusPanel[i]->setObjectName(QStringLiteral("StatusBar_%1").arg(i));
