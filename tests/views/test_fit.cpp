@@ -33,6 +33,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QScreen>
 #include <QRadioButton>
 #include <QStyleOptionComboBox>
 #include <QTabWidget>
@@ -99,7 +100,9 @@ QPair<int, int> TextRoom(QWidget *w)
         opt.lineWidth = e->hasFrame() ? style->pixelMetric(QStyle::PM_DefaultFrameWidth, &opt, e) : 0;
         const QRect r = style->subElementRect(QStyle::SE_LineEditContents, &opt, e);
         const QMargins m = e->textMargins();
-        return {r.width() - m.left() - m.right() - 4, fm.horizontalAdvance(e->text())};
+        // A box of four characters or fewer holds a number: it has room for all its digits.
+        const QString widest = e->maxLength() <= 4 ? QString(e->maxLength(), QLatin1Char('0')) : QString();
+        return {r.width() - m.left() - m.right() - 4, qMax(fm.horizontalAdvance(e->text()), fm.horizontalAdvance(widest))};
     }
     if (auto *g = qobject_cast<QGroupBox *>(w))
         return {g->width() - 8, g->title().isEmpty() ? 0 : fm.horizontalAdvance(Shown(g->title()))};
@@ -219,6 +222,8 @@ private slots:
         RegisterEditors(*session, window.get());
         window->Startup(QCoreApplication::applicationDirPath());
         window->show();
+        qInfo("screen %dx%d, device pixel ratio %g", window->screen()->size().width(), window->screen()->size().height(),
+              window->devicePixelRatioF());
         QVERIFY(session->LoadGenomeFile(QStringLiteral(HELIX_SAMPLE_GENOME)));
     }
 
