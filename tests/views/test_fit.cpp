@@ -225,6 +225,9 @@ private slots:
         qInfo("screen %dx%d, device pixel ratio %g", window->screen()->size().width(), window->screen()->size().height(),
               window->devicePixelRatioF());
         QVERIFY(session->LoadGenomeFile(QStringLiteral(HELIX_SAMPLE_GENOME)));
+        // The kinds the sample lacks: a genus and a gait gene.
+        QVERIFY(session->CreateGene(2, 1, false));
+        QVERIFY(session->CreateGene(2, 4, false));
     }
 
     void fits_data()
