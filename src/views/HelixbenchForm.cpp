@@ -238,6 +238,9 @@ void HelixbenchForm::Startup(const QString &appDirectory)
     session.AppDirectory = appDirectory;
     QDir::setCurrent(appDirectory);
     session.BuildReferenceTables();
+    // The welcome stands over the window it welcomes to: that one is on the screen first.
+    Placement::CentreForm(this);
+    show();
     session.WelcomeFirstRun();
     session.PlacementStep = 999;
     session.Lists.ChemicalsChanged = session.Lists.PosesChanged = session.Lists.ScriptsChanged = false;
