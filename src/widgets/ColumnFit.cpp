@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <QHeaderView>
 #include <QPointer>
+#include <QStyle>
 #include <QTreeView>
 
 namespace {
@@ -56,8 +57,19 @@ private:
         QHeaderView *h = view->header();
         for (int c = 0; c < h->count(); ++c)
             if (c != rest && !h->isSectionHidden(c))
-                h->resizeSection(c, qMax(static_cast<QAbstractItemView *>(view)->sizeHintForColumn(c), h->sectionSizeHint(c)));
+                h->resizeSection(c, qMax(static_cast<QAbstractItemView *>(view)->sizeHintForColumn(c), Caption(c)));
         FillRest();
+    }
+
+    // The width a column's caption needs. The header's own hint keeps room for a sort
+    // indicator in every column; only the column sorted by shows one.
+    int Caption(int column) const
+    {
+        QHeaderView *h = view->header();
+        if (h->isSortIndicatorShown() && h->sortIndicatorSection() == column)
+            return h->sectionSizeHint(column);
+        const QString text = view->model()->headerData(column, Qt::Horizontal).toString();
+        return h->fontMetrics().horizontalAdvance(text) + 2 * h->style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, h) + 4;
     }
 
     void FillRest()
@@ -69,7 +81,7 @@ private:
         for (int c = 0; c < h->count(); ++c)
             if (c != rest && !h->isSectionHidden(c))
                 others += h->sectionSize(c);
-        const int width = qMax(h->sectionSizeHint(rest), view->viewport()->width() - others);
+        const int width = qMax(Caption(rest), view->viewport()->width() - others);
         if (width != h->sectionSize(rest))
             h->resizeSection(rest, width);
     }
