@@ -106,13 +106,13 @@ QGroupBox *ExportTab::BuildInterfaceControl()
     auto *commands = new FlowLayout(commandPanel);
     commands->setContentsMargins(0, 0, 0, 0);
     commands->addWidget(ExportMeCommand);
-    commands->addWidget(RemoveSelectedMelkCommand, 1);
+    commands->addWidget(RemoveSelectedMelkCommand);
     commands->addWidget(InjectStatusLabel, 1);
 
     // Side by side where there is room, the commands under the egg's controls where not.
     auto *frameLayout = new FlowLayout(IC_frame);
     frameLayout->addWidget(eggPanel, 1);
-    frameLayout->addWidget(commandPanel);
+    frameLayout->addWidget(commandPanel, 1);
     return IC_frame;
 }
 
