@@ -5,7 +5,8 @@
 //   QT_QPA_PLATFORM=offscreen build/out/helix_shots OUTDIR [NAME...]
 //
 // NAME picks pictures by their file name without ".png" ("frmReceptor", "tab3"); none takes
-// all. The session reads the list files beside the program and loads samples/Sample.gen.
+// all. "--size WxH" before OUTDIR sets the main window's outer size (600x520, say) instead of
+// its default. The session reads the list files beside the program and loads samples/Sample.gen.
 // Besides the tabs and the editors there are the small dialogs ("frmOptions", "NewGeneForm",
 // "AboutForm") and the help window at its contents ("HelpWindow") or at an anchor
 // ("help-2001"); scripts/help-pictures.sh renews the help's pictures with them.
@@ -52,8 +53,16 @@ int main(int argc, char *argv[])
     QApplication app(argc, argv);
     QApplication::setApplicationVersion(QStringLiteral(HELIX_FILE_VERSION));
     QStringList args = app.arguments().mid(1);
-    if (args.isEmpty()) {
-        std::fprintf(stderr, "usage: helix_shots OUTDIR [NAME...]\n");
+    QSize outer; // invalid: the window's own size
+    bool badSize = false;
+    if (args.size() >= 2 && args.first() == QLatin1String("--size")) {
+        const QStringList wh = args.at(1).split(QLatin1Char('x'));
+        outer = wh.size() == 2 ? QSize(wh[0].toInt(), wh[1].toInt()) : QSize();
+        badSize = outer.isEmpty();
+        args = args.mid(2);
+    }
+    if (args.isEmpty() || badSize) {
+        std::fprintf(stderr, "usage: helix_shots [--size WxH] OUTDIR [NAME...]\n");
         return 2;
     }
     QDir out(args.takeFirst());
@@ -66,6 +75,8 @@ int main(int argc, char *argv[])
     window.Startup(QCoreApplication::applicationDirPath());
     window.resize(window.sizeHint().expandedTo(window.size()));
     window.show();
+    if (outer.isValid())
+        window.resize(outer - (window.frameGeometry().size() - window.size()));
     if (!session.LoadGenomeFile(QStringLiteral(HELIX_SAMPLE_GENOME)))
         std::fprintf(stderr, "the sample genome did not load\n");
 

@@ -1,5 +1,7 @@
 #include "editors/GeneHeaderPanel.h"
 
+#include "widgets/FormBuilder.h"
+
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
@@ -33,7 +35,7 @@ GeneHeaderPanel::GeneHeaderPanel(bool withOrganLabel, QWidget *parent)
     txtMutability = new QLineEdit(QStringLiteral("-"), this);
     txtMutability->setObjectName(QStringLiteral("txtMutability"));
     txtMutability->setMaxLength(4);
-    txtMutability->setMaximumWidth(fontMetrics().horizontalAdvance(QStringLiteral("00000")) + 16);
+    Form::FitDigits(txtMutability, 4, 5);
     txtMutability->setToolTip(QStringLiteral("Degree of mutability, 0 to 255"));
     chkDuplicable = check("chkDuplicable", QStringLiteral("Dup"), QStringLiteral("The gene may be duplicated"));
     chkRemovable = check("chkRemovable", QStringLiteral("Cut"), QStringLiteral("The gene may be cut out"));

@@ -1,6 +1,7 @@
 // The Export tab's layout and its two egg commands: Lay Egg and Remove Selected Melk.
 #include "link/ExportTab.h"
 
+#include "widgets/FlowLayout.h"
 #include "widgets/Placement.h"
 #include "core/Session.h"
 #include "base/Text.h"
@@ -86,12 +87,12 @@ QGroupBox *ExportTab::BuildInterfaceControl()
     InjectStatusLabel->setMargin(2);
     InjectStatusLabel->setFrameShadow(QFrame::Sunken);
     InjectStatusLabel->setAlignment(Qt::AlignCenter);
-    InjectStatusLabel->setMinimumWidth(InjectStatusLabel->fontMetrics().horizontalAdvance(
-        QStringLiteral("Operation Complete (900 genes injected)")) + 16);
     connect(ExportMeCommand, &QPushButton::clicked, this, &ExportTab::LayEgg);
     connect(RemoveSelectedMelkCommand, &QPushButton::clicked, this, &ExportTab::RemoveSelectedMelk);
 
-    auto *egg = new QGridLayout;
+    auto *eggPanel = new QWidget(IC_frame);
+    auto *egg = new QGridLayout(eggPanel);
+    egg->setContentsMargins(0, 0, 0, 0);
     egg->addWidget(eggLabel, 0, 0);
     egg->addWidget(EggColourCombo, 0, 1, 1, 2);
     egg->addWidget(sexLabel, 1, 0);
@@ -101,16 +102,17 @@ QGroupBox *ExportTab::BuildInterfaceControl()
     egg->addWidget(monikerNote, 3, 2);
     egg->setColumnStretch(2, 1);
 
-    auto *commands = new QVBoxLayout;
+    auto *commandPanel = new QWidget(IC_frame);
+    auto *commands = new FlowLayout(commandPanel);
+    commands->setContentsMargins(0, 0, 0, 0);
     commands->addWidget(ExportMeCommand);
     commands->addWidget(RemoveSelectedMelkCommand);
-    commands->addStretch();
-    commands->addWidget(InjectStatusLabel);
+    commands->addWidget(InjectStatusLabel, 1);
 
-    auto *frameLayout = new QHBoxLayout(IC_frame);
-    frameLayout->addLayout(egg, 1);
-    frameLayout->addSpacing(24);
-    frameLayout->addLayout(commands);
+    // Side by side where there is room, the commands under the egg's controls where not.
+    auto *frameLayout = new FlowLayout(IC_frame);
+    frameLayout->addWidget(eggPanel, 1);
+    frameLayout->addWidget(commandPanel, 1);
     return IC_frame;
 }
 
@@ -156,7 +158,7 @@ QGroupBox *ExportTab::BuildScriptorium()
     connect(mnuAutoScriptRun, &QAction::triggered, this, &ExportTab::RunSelectedAutoScript);
     connect(mnuAutoScriptDelete, &QAction::triggered, this, &ExportTab::RemoveAutoScript);
 
-    auto *commands = new QHBoxLayout;
+    auto *commands = new FlowLayout;
     commands->addWidget(ScriptStatusLabel, 1);
     commands->addWidget(AddAutoScriptCommand);
     commands->addWidget(RemoveAutoScriptCommand);

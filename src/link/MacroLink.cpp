@@ -4,9 +4,39 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
 
+namespace {
+// While a transaction waits for the game, which may take the bus's whole bound: the wait
+// cursor and a word on the status label, painted before the call blocks and both put back
+// however the transaction ends.
+class Waiting
+{
+public:
+    explicit Waiting(QLabel &label) : label(label), before(label.text())
+    {
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+        label.setText(MacroLink::WaitingText);
+        if (label.isVisible())
+            label.repaint();
+    }
+    ~Waiting()
+    {
+        label.setText(before);
+        QGuiApplication::restoreOverrideCursor();
+    }
+    Waiting(const Waiting &) = delete;
+    Waiting &operator=(const Waiting &) = delete;
+
+private:
+    QLabel &label;
+    QString before;
+};
+} // namespace
+
+const QString MacroLink::WaitingText = QStringLiteral("Waiting for Arkenfold...");
 const QString MacroLink::Service = QStringLiteral("Habitat");
 const QString MacroLink::Item = QStringLiteral("Macro");
 
@@ -26,7 +56,12 @@ bool MacroLink::OpenMacroLink()
     dde.clear();
     const QString linkTopic = Service + QLatin1Char('|') + ProgramTopic();
     LinkFailure failure;
-    if (transport.Open(linkTopic, failure)) {
+    bool opened;
+    {
+        Waiting waiting(status);
+        opened = transport.Open(linkTopic, failure);
+    }
+    if (opened) {
         SetStatus(QStringLiteral("Link established"));
         return true;
     }
@@ -44,7 +79,12 @@ void MacroLink::CloseMacroLink() { transport.Close(); }
 bool MacroLink::ExecuteMacro(const QString &macro)
 {
     LinkFailure failure;
-    if (transport.Execute(macro, failure))
+    bool done;
+    {
+        Waiting waiting(status);
+        done = transport.Execute(macro, failure);
+    }
+    if (done)
         return true;
     session.ShowFault(failure.number, failure.description, QStringLiteral("Error injecting macro"));
     return false;
@@ -53,13 +93,19 @@ bool MacroLink::ExecuteMacro(const QString &macro)
 bool MacroLink::PokeMacro(const QString &macro, LinkFailure &failure)
 {
     dde.setText(macro);
+    Waiting waiting(status);
     return transport.Poke(Item, dde.text(), failure);
 }
 
 bool MacroLink::ReadMacroResult(LinkFailure &failure)
 {
     QString reply;
-    if (!transport.Request(Item, reply, failure))
+    bool answered;
+    {
+        Waiting waiting(status);
+        answered = transport.Request(Item, reply, failure);
+    }
+    if (!answered)
         return false;
     dde.setText(reply);
     session.MacroResult = dde.text();

@@ -14,6 +14,8 @@ class MacroLink
 public:
     static const QString Service; // "Habitat"
     static const QString Item;    // "Macro"
+    // Shown on the status label while a transaction waits for its answer, with the wait cursor.
+    static const QString WaitingText; // "Waiting for Arkenfold..."
 
     // dde: the hidden text control that is the conversation's data buffer;
     // status: the InjectStatusLabel of the Export tab.

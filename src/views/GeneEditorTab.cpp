@@ -11,6 +11,9 @@
 
 #include <QCheckBox>
 #include <QContextMenuEvent>
+#include "widgets/ColumnFit.h"
+#include "widgets/FlowLayout.h"
+
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -62,13 +65,12 @@ GeneEditorTab::GeneEditorTab(Session &s, HelixbenchForm &w)
     QPushButton *changeId = Form::NamedButton(frame, QStringLiteral("ChangeIDCommand"), QStringLiteral("&Change ID"));
     DeleteQuietlyCheck = new QCheckBox(QStringLiteral("Delete Quietly"), frame);
     DeleteQuietlyCheck->setObjectName(QStringLiteral("DeleteQuietlyCheck"));
-    auto *commands = new QHBoxLayout;
+    // In a narrow window the row wraps rather than cut its buttons.
+    auto *commands = new FlowLayout;
     for (QWidget *b : {static_cast<QWidget *>(edit), static_cast<QWidget *>(add), static_cast<QWidget *>(del),
-                       static_cast<QWidget *>(rename), static_cast<QWidget *>(changeId)})
+                       static_cast<QWidget *>(rename), static_cast<QWidget *>(changeId),
+                       static_cast<QWidget *>(DeleteQuietlyCheck)})
         commands->addWidget(b);
-    commands->addSpacing(12);
-    commands->addWidget(DeleteQuietlyCheck);
-    commands->addStretch();
 
     auto *grid = new QGridLayout(frame);
     grid->addWidget(GeneListListView, 0, 0);
@@ -143,6 +145,8 @@ void GeneEditorTab::BuildList(QWidget *frame)
                           fm.horizontalAdvance(QStringLiteral("Biochemistry: Chemical Initial Concentration (Glucose)"))};
     for (int c = 0; c < int(std::size(widths)); ++c)
         h->resizeSection(c, widths[c] + pad);
+    // Once filled, the columns fit their rows and Description takes what is left.
+    ColumnFit::Install(v, 6);
 
     v->viewport()->installEventFilter(this);
     v->installEventFilter(this);

@@ -1,5 +1,7 @@
 #include "views/GenotypeTab.h"
 
+#include "widgets/ColumnFit.h"
+
 #include "core/Session.h"
 #include "views/HelixbenchForm.h"
 
@@ -25,6 +27,7 @@ QTreeWidget *MakeReportList(QWidget *parent, const char *name, const QStringList
     list->setAllColumnsShowFocus(true);
     list->setSelectionBehavior(QAbstractItemView::SelectRows);
     list->setSelectionMode(QAbstractItemView::SingleSelection);
+    ColumnFit::Install(list);
     return list;
 }
 

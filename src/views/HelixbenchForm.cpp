@@ -221,6 +221,8 @@ void HelixbenchForm::BuildStatusBar()
 {
     QStatusBar *bar = statusBar();
     bar->setObjectName(QStringLiteral("StatusBar"));
+    // The window frame resizes; a grip would take room the three panels need in a narrow window.
+    bar->setSizeGripEnabled(false);
     for (int i = 1; i <= 3; ++i) {
         StatusPanel[i] = new QLabel(session.StatusPanel[i], bar);
         StatusPanel[i]->setObjectName(QStringLiteral("StatusBar_%1").arg(i));
@@ -236,6 +238,9 @@ void HelixbenchForm::Startup(const QString &appDirectory)
     session.AppDirectory = appDirectory;
     QDir::setCurrent(appDirectory);
     session.BuildReferenceTables();
+    // The welcome stands over the window it welcomes to: that one is on the screen first.
+    Placement::CentreForm(this);
+    show();
     session.WelcomeFirstRun();
     session.PlacementStep = 999;
     session.Lists.ChemicalsChanged = session.Lists.PosesChanged = session.Lists.ScriptsChanged = false;

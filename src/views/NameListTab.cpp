@@ -3,6 +3,9 @@
 #include "core/Session.h"
 
 #include <QGroupBox>
+#include "widgets/ColumnFit.h"
+#include "widgets/FlowLayout.h"
+
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -29,6 +32,7 @@ QTreeWidget *MakeNameListView(QWidget *parent, const char *name, const QStringLi
     view->header()->setSectionsMovable(false);
     view->setColumnWidth(0, view->fontMetrics().horizontalAdvance(QStringLiteral("Number")) + 24);
     view->setColumnWidth(1, view->fontMetrics().averageCharWidth() * 28);
+    ColumnFit::Install(view, 2);
     return view;
 }
 
@@ -71,7 +75,7 @@ NameListTab::NameListTab(Session &s, const NameListTabLayout &layout) : session(
 
     countLabel = new QLabel(layout.emptyCountText, frame);
     countLabel->setObjectName(QString::fromLatin1(layout.countName));
-    bottom = new QHBoxLayout;
+    bottom = new FlowLayout;
     bottom->addWidget(countLabel, 1);
     inner->addLayout(bottom);
 

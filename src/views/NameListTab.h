@@ -7,7 +7,7 @@
 class Session;
 class QAction;
 class QGroupBox;
-class QHBoxLayout;
+class FlowLayout;
 class QLabel;
 class QMenu;
 class QPushButton;
@@ -87,5 +87,5 @@ protected:
 
 private:
     const int kind;
-    QHBoxLayout *bottom = nullptr;
+    FlowLayout *bottom = nullptr;
 };

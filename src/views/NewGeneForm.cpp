@@ -69,6 +69,11 @@ void NewGeneForm::CreateGeneFromForm(bool closeAfter)
     emit GeneAdded(session.GeneCount - 1);
     session.SummaryStale = true;
     session.OrganViewStale = true;
-    if (closeAfter)
+    if (closeAfter) {
         close();
+        return;
+    }
+    // Made for creating several genes in a row: the dialog stays in front of the new editor.
+    raise();
+    activateWindow();
 }

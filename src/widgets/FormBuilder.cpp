@@ -10,6 +10,8 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QStyle>
+#include <QStyleOptionFrame>
 #include <QPushButton>
 #include <QRadioButton>
 
@@ -39,8 +41,24 @@ QLineEdit *NumberBox(QWidget *parent, const QString &name, const QString &text)
     auto *box = new QLineEdit(text, parent);
     box->setObjectName(name);
     box->setMaxLength(4);
-    box->setMaximumWidth(box->fontMetrics().horizontalAdvance(QStringLiteral("000000")) + 12);
+    FitDigits(box, 4, 6);
     return box;
+}
+
+void FitDigits(QLineEdit *box, int digits, int widest)
+{
+    auto width = [box](int n) {
+        QStyleOptionFrame opt;
+        opt.initFrom(box);
+        opt.lineWidth = box->hasFrame() ? box->style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &opt, box) : 0;
+        const QMargins m = box->textMargins();
+        // The text's own room is the digits plus the line edit's fixed margin of 2 each side.
+        const QSize text(box->fontMetrics().horizontalAdvance(QString(n, QLatin1Char('0'))) + 4 + m.left() + m.right(),
+                         box->fontMetrics().height());
+        return box->style()->sizeFromContents(QStyle::CT_LineEdit, &opt, text, box).width();
+    };
+    box->setMinimumWidth(width(digits));
+    box->setMaximumWidth(width(qMax(digits, widest)));
 }
 
 QLineEdit *ByteBox(QWidget *parent, const QString &name, const QString &text)

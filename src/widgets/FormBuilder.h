@@ -39,6 +39,8 @@ QLineEdit *NumberBox(QWidget *parent, const QString &name, const QString &text);
 QLineEdit *ByteBox(QWidget *parent, const QString &name, const QString &text);
 // Gives an existing box that tidying (and the length limit of four).
 void TidyAsByte(QLineEdit *box);
+// Sizes a number box to show `digits` digits whole, and to grow no wider than `widest` digits.
+void FitDigits(QLineEdit *box, int digits, int widest);
 
 QCheckBox *Check(QWidget *parent, const QString &name, const QString &caption);
 // An option that is member id of an exclusive group.

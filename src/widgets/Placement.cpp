@@ -12,17 +12,38 @@ QScreen *ScreenOf(const QWidget *w)
     QScreen *s = w ? w->screen() : nullptr;
     return s ? s : QGuiApplication::primaryScreen();
 }
-// The outer size of a window, title bar and borders included. One never shown has no frame
-// yet (and Qt reports its frame geometry a pixel short): it is given the frame that the
-// window manager put around the reference window, if that one is on screen.
-QSize OuterSize(const QWidget *w, const QWidget *reference = nullptr)
+// The part of the screen that windows may use (panels and docks left out), in the units the
+// windows are placed in, whatever the scale.
+QRect Available(const QWidget *w)
 {
-    if (w->isVisible())
-        return w->frameGeometry().size();
-    QSize frame(0, 0);
-    if (reference && reference->isVisible())
-        frame = reference->frameGeometry().size() - reference->geometry().size();
-    return w->size() + frame.expandedTo(QSize(0, 0));
+    QScreen *s = ScreenOf(w);
+    return s ? s->availableGeometry() : QRect(0, 0, 1024, 768);
+}
+// The frame that the window manager puts around a window: that of the window itself once
+// shown, else that of the reference window if that one is on screen, else none. (Qt reports
+// the frame of a window never shown a pixel short.)
+QSize FrameOf(const QWidget *w, const QWidget *reference)
+{
+    const QWidget *framed = w->isVisible() ? w : reference && reference->isVisible() ? reference : nullptr;
+    return framed ? (framed->frameGeometry().size() - framed->geometry().size()).expandedTo(QSize(0, 0)) : QSize(0, 0);
+}
+// Makes a window no larger than the available area, title bar and borders included, as far
+// as its minimum size lets it shrink; returns its outer size.
+QSize FitToScreen(QWidget *w, const QRect &area, const QWidget *reference = nullptr)
+{
+    const QSize frame = FrameOf(w, reference);
+    const QSize inner = w->size().boundedTo(area.size() - frame);
+    if (inner != w->size())
+        w->resize(inner.expandedTo(w->minimumSize()));
+    return w->size() + frame;
+}
+// Keeps the top left corner of a window of that outer size on the area: when the window is
+// larger than the area its title bar stays reachable.
+QPoint Clamp(QPoint at, const QSize &size, const QRect &area)
+{
+    at.setX(qMax(area.left(), qMin(at.x(), area.right() + 1 - size.width())));
+    at.setY(qMax(area.top(), qMin(at.y(), area.bottom() + 1 - size.height())));
+    return at;
 }
 } // namespace
 
@@ -37,12 +58,10 @@ int TwipsToPixels(int twips, const QWidget *reference)
 
 void CentreForm(QWidget *window)
 {
-    QScreen *s = ScreenOf(window);
-    if (!s)
-        return;
-    const QRect screen = s->geometry();
-    const QSize size = OuterSize(window);
-    window->move(screen.x() + (screen.width() - size.width()) / 2, screen.y() + (screen.height() - size.height()) / 2);
+    const QRect area = Available(window);
+    const QSize size = FitToScreen(window, area);
+    const QPoint centred(area.x() + (area.width() - size.width()) / 2, area.y() + (area.height() - size.height()) / 2);
+    window->move(Clamp(centred, size, area));
 }
 
 void PlaceEditor(Session &session, QWidget *editor, const QWidget *mainWindow)
@@ -51,16 +70,10 @@ void PlaceEditor(Session &session, QWidget *editor, const QWidget *mainWindow)
         session.PlacementStep = 0;
     const int step = TwipsToPixels(240, mainWindow) * (session.PlacementStep + 2);
     const QPoint corner = mainWindow ? mainWindow->frameGeometry().topLeft() : QPoint(0, 0);
-    int left = corner.x() + step;
-    int top = corner.y() + step;
-    QScreen *s = ScreenOf(mainWindow);
-    const QRect screen = s ? s->geometry() : QRect(0, 0, 1024, 768);
-    const QSize size = OuterSize(editor, mainWindow);
-    if (left + size.width() > screen.right() + 1)
-        left = screen.right() + 1 - size.width();
-    if (top + size.height() > screen.bottom() + 1)
-        top = screen.bottom() + 1 - size.height();
-    editor->move(left, top);
+    const QRect area = Available(mainWindow);
+    const QSize size = FitToScreen(editor, area, mainWindow);
+    // Past the right or bottom edge the editor moves back onto the screen.
+    editor->move(Clamp(corner + QPoint(step, step), size, area));
 }
 
 } // namespace Placement

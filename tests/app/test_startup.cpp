@@ -19,11 +19,15 @@ class StartupPrompt : public ScriptedPrompt
 public:
     int Message(const QString &title, const QString &text, int style) override
     {
+        if (text.startsWith(QLatin1String("Welcome")))
+            welcomeOverShownWindow = window && window->isVisible();
         if (!AllAnswered() || (style & 15) != 0)
             return ScriptedPrompt::Message(title, text, style);
         shown.append({QStringLiteral("message"), title, text, style});
         return Ok;
     }
+    QWidget *window = nullptr;
+    bool welcomeOverShownWindow = false;
 };
 } // namespace
 
@@ -78,7 +82,9 @@ private slots:
         };
         connect(session.get(), &Session::ListViewsMustFill, this, row);
         connect(session.get(), &Session::ExportViewsMustFill, this, row);
+        prompt.window = form.get();
         form->Startup(appDir.path());
+        QVERIFY(prompt.welcomeOverShownWindow);
         row();
         QCOMPARE(rows, QList<QList<int>>({{0, 15, 27, 0, 5000, 18, 0, 3, 1, 0, 0, 0},
                                           {0, 15, 27, 0, 0, 18, 0, 3, 1, 0, 0, 0},

@@ -195,6 +195,49 @@ private slots:
         game->WaitForTerminates(methods.count(QStringLiteral("Terminate")));
         QCOMPARE(game->Column(0).join(QLatin1Char(' ')), methods);
     }
+
+    // While the game is asked, the wait cursor and the waiting words show; both are gone when
+    // the transaction ends, answered, refused or timed out.
+    void theWaitShowsWhileTheGameIsAsked_data()
+    {
+        QTest::addColumn<QString>("told");
+        QTest::addColumn<QString>("status");
+        QTest::newRow("answered") << QString() << "Operation Complete";
+        QTest::newRow("refused") << "--reject=Execute" << "Error during macro operation";
+        QTest::newRow("hangs") << "--hang=Execute" << "Error during macro operation";
+    }
+    void theWaitShowsWhileTheGameIsAsked()
+    {
+        QFETCH(QString, told);
+        QFETCH(QString, status);
+        tab().Link().Transport().SetCallTimeout(1000);
+        QVERIFY(game->Start(told.isEmpty() ? QStringList() : QStringList{told}));
+        // The label is painted before each call blocks: what it and the cursor show then.
+        struct Painted : QObject
+        {
+            QStringList seen;
+            bool eventFilter(QObject *o, QEvent *e) override
+            {
+                if (e->type() == QEvent::Paint) {
+                    const QCursor *c = QGuiApplication::overrideCursor();
+                    seen << static_cast<QLabel *>(o)->text() + (c && c->shape() == Qt::WaitCursor ? " (wait)" : "");
+                }
+                return false;
+            }
+        } painted;
+        bench->form->SSTab1->setCurrentWidget(&tab());
+        bench->form->show();
+        QVERIFY(QTest::qWaitForWindowExposed(bench->form.get()));
+        tab().InjectStatusLabel->installEventFilter(&painted);
+        if (!told.isEmpty())
+            prompt.AnswerMessage(Prompt::Ok);
+        tab().RemoveSelectedMelkCommand->click();
+        tab().InjectStatusLabel->removeEventFilter(&painted);
+        QCOMPARE(painted.seen.mid(0, 2), QStringList({MacroLink::WaitingText + " (wait)", MacroLink::WaitingText + " (wait)"}));
+        QCOMPARE(Status(), status);
+        QVERIFY(!QGuiApplication::overrideCursor());
+        game->WaitForTerminates(1);
+    }
 };
 
 QTEST_MAIN(TestLink)

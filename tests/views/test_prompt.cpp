@@ -1,0 +1,93 @@
+// Boxes raised from a dialog: each stands over that dialog, is wide enough for its title (and
+// an input box for its prompt), and gives the focus back to where it was when it goes.
+#include "widgets/QtPrompt.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QInputDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QTest>
+#include <QTimer>
+#include <QVBoxLayout>
+
+class TestPrompt : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void boxesStandOverTheirDialog_data()
+    {
+        QTest::addColumn<bool>("input");
+        QTest::addColumn<QString>("title");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("short message, long title") << false << "Helixbench" << "Ok";
+        QTest::newRow("input box, long title") << true << "Change Default Template" << "Name:";
+        QTest::newRow("input box, a sentence") << true << "Name Chemical"
+            << "Enter a short description of this chemical, the one that shows in its row";
+    }
+    void boxesStandOverTheirDialog()
+    {
+        QFETCH(bool, input);
+        QFETCH(QString, title);
+        QFETCH(QString, text);
+        QWidget mainWindow;
+        mainWindow.show();
+        QDialog dialog(&mainWindow);
+        auto *first = new QLineEdit(&dialog);
+        auto *second = new QLineEdit(&dialog);
+        auto *layout = new QVBoxLayout(&dialog);
+        layout->addWidget(first);
+        layout->addWidget(second);
+        dialog.show();
+        dialog.activateWindow();
+        second->setFocus();
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        QTRY_COMPARE(QApplication::focusWidget(), second);
+
+        QtPrompt prompt;
+        prompt.SetParentWindow(&mainWindow);
+        // What the box was while it stood: it is gone once the prompt returns.
+        bool shown = false;
+        QWidget *owner = nullptr;
+        int width = 0;
+        QFont font;
+        bool textWhole = false;
+        QTimer poll;
+        connect(&poll, &QTimer::timeout, this, [&] {
+            for (QWidget *w : QApplication::topLevelWidgets())
+                if ((qobject_cast<QMessageBox *>(w) || qobject_cast<QInputDialog *>(w)) && w->isVisible()) {
+                    shown = true;
+                    owner = w->parentWidget();
+                    width = w->width();
+                    font = w->font();
+                    // The prompt shows whole, on one line or wrapped over as many as it needs.
+                    for (QLabel *l : w->findChildren<QLabel *>())
+                        if (l->text() == text)
+                            textWhole = l->wordWrap() ? l->height() >= l->heightForWidth(l->width())
+                                                      : l->width() >= l->fontMetrics().horizontalAdvance(text);
+                    static_cast<QDialog *>(w)->accept();
+                }
+        });
+        poll.start(10);
+        if (input)
+            prompt.InputBox(title, text, QStringLiteral("x"));
+        else
+            prompt.Message(title, text, 0);
+        poll.stop();
+        QVERIFY(shown);
+        QCOMPARE(owner, &dialog);
+        QFont bold = font;
+        bold.setBold(true);
+        const int titleRoom = QFontMetrics(bold).horizontalAdvance(title) + 3 * QFontMetrics(bold).height();
+        QVERIFY2(width >= titleRoom, qPrintable(QStringLiteral("%1 < %2").arg(width).arg(titleRoom)));
+        if (input)
+            QVERIFY(textWhole);
+        QTRY_COMPARE(QApplication::activeWindow(), &dialog);
+        QTRY_COMPARE(QApplication::focusWidget(), second);
+    }
+};
+
+QTEST_MAIN(TestPrompt)
+#include "test_prompt.moc"
