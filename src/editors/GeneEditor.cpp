@@ -18,7 +18,10 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
+#include <QScrollArea>
 #include <QSignalBlocker>
+#include <QStyle>
 #include <QVBoxLayout>
 
 namespace {
@@ -97,6 +100,38 @@ void GeneEditor::PutButtonsLastInTabOrder()
     setTabOrder(btnOk, btnCancel);
 }
 
+// On a screen too small for the whole dialog (a large scale on a small screen) its contents
+// scroll inside it, so that the dialog fits on the screen and every control can be reached.
+void GeneEditor::ScrollIfLargerThanScreen()
+{
+    const QWidget *reference = mainWindow ? mainWindow : this;
+    QScreen *screen = reference->screen();
+    if (!screen || !layout())
+        return;
+    // A window that was never shown has no frame yet: count the main window's.
+    const QSize frame = mainWindow ? mainWindow->frameGeometry().size() - mainWindow->size() : QSize();
+    const QSize room = screen->availableGeometry().size() - frame;
+    const QSize wanted = sizeHint();
+    if (wanted.width() <= room.width() && wanted.height() <= room.height())
+        return;
+    // The contents move, controls and all, onto a page of a scroll area that fills the dialog.
+    // The page is made inside the dialog, so the order Tab takes stays as it was.
+    auto *page = new QWidget(this);
+    page->setLayout(layout());
+    setMinimumSize(0, 0); // the old layout's minimum stays on the dialog until reset
+    auto *scroll = new QScrollArea(this);
+    scroll->setObjectName(QStringLiteral("scrContents"));
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setFocusPolicy(Qt::NoFocus); // Tab goes to the controls, and scrolls to show each
+    scroll->setWidgetResizable(true);
+    scroll->setWidget(page);
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(scroll);
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    resize((wanted + QSize(bar, bar)).boundedTo(room));
+}
+
 void GeneEditor::EnsureLoaded()
 {
     if (loaded)
@@ -105,6 +140,7 @@ void GeneEditor::EnsureLoaded()
     PutButtonsLastInTabOrder();
     // The size must be known for the cascade to keep the dialog on the screen.
     adjustSize();
+    ScrollIfLargerThanScreen();
     Placement::PlaceEditor(session, this, mainWindow);
     LoadEditor();
 }

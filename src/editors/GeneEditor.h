@@ -84,6 +84,7 @@ protected:
 private:
     void NotesClicked();
     void PutButtonsLastInTabOrder();
+    void ScrollIfLargerThanScreen();
 
     Gene *gene;
     QWidget *mainWindow;

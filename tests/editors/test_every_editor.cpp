@@ -95,7 +95,11 @@ class TestEveryEditor : public QObject
     }
 
 private slots:
-    void init() { kit.Init(); }
+    void init()
+    {
+        kit.Init();
+        kit.mainWindow->show(); // so that its frame is known when an editor is placed
+    }
     void cleanup() { kit.Cleanup(); }
 
     void everyKind_data()
@@ -158,6 +162,12 @@ private slots:
         GeneEditor *e = kit.Open(g);
         QVERIFY(e);
         QCOMPARE(e->objectName(), dialog);
+        // On the screen whatever the scale, frame and all; where the screen is too small the
+        // contents scroll.
+        e->show();
+        const QRect area = e->screen()->availableGeometry(), at = e->frameGeometry();
+        QVERIFY2(area.contains(at), qPrintable(QStringLiteral("%1x%2 at %3,%4").arg(at.width()).arg(at.height())
+                                                   .arg(at.x()).arg(at.y())));
         QSignalSpy helps(e, &GeneEditor::HelpRequested);
         QTest::keyClick(e, Qt::Key_F1);
         QCOMPARE(helps, QList<QVariantList>({{help}}));
