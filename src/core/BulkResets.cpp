@@ -1,13 +1,13 @@
 #include "core/BulkResets.h"
 
 #include "base/FileFault.h"
+#include "base/FileSteps.h"
 #include "base/FileNames.h"
 #include "base/Text.h"
 #include "core/Gene.h"
 #include "core/Session.h"
 
 #include <QDir>
-#include <QSaveFile>
 
 int FoldMutabilityAnswer(const QString &answer)
 {
@@ -67,22 +67,6 @@ const ListFiles &FilesOf(ResettableList list)
     return list == ResettableList::Chemicals ? chemicals : poses;
 }
 
-// Copies the file at from over the file at to. The copy is written beside its target and
-// renamed over it, so a failure leaves the old file whole; a missing source changes nothing.
-bool ReplaceWithCopy(const QString &from, const QString &to, FileFault &fault)
-{
-    // No list file can be longer than this; a longer one would be cut by the loader anyway.
-    constexpr qint64 longest = qint64(2) * NameLists::ListEntries * (2 + 65535);
-    QByteArray bytes;
-    if (!SmallFiles::ReadFront(from, longest, bytes, fault))
-        return false;
-    QSaveFile out(to);
-    if (!out.open(QIODevice::WriteOnly) || out.write(bytes) != bytes.size() || !out.commit()) {
-        fault = FileFault::Of(out, to);
-        return false;
-    }
-    return true;
-}
 } // namespace
 
 bool ResetListToDefaults(Session &session, ResettableList list)
@@ -97,9 +81,14 @@ bool ResetListToDefaults(Session &session, ResettableList list)
 
     // The folder the list loaders read: the program's, never the process's working directory.
     const QString folder = session.AppDirectory.isEmpty() ? QDir::currentPath() : session.AppDirectory;
+    // The list goes first, then the factory list is copied in its place; a failure of either
+    // lets the other run and the list load all the same. Without a factory list the list is
+    // gone, and the load falls back on its defaults with its own warning.
+    const QString target = ResolveFileName(folder, QLatin1String(f.file));
     FileFault fault;
-    if (!ReplaceWithCopy(ResolveFileName(folder, QLatin1String(f.factory)),
-                         ResolveFileName(folder, QLatin1String(f.file)), fault))
+    FileSteps::Remove(target, fault);
+    FileSteps::Copy(ResolveFileName(folder, QLatin1String(f.factory)), target, fault);
+    if (fault.Failed())
         session.ShowFault(fault.Number, fault.Description,
                           QLatin1String(f.context) + Text::CRLF + QStringLiteral("Data may have been lost."));
     (session.Lists.*f.load)();

@@ -17,9 +17,9 @@ bool ResetMutabilityValues(Session &session);
 // The two lists that have a factory file beside them.
 enum class ResettableList { Chemicals, Poses };
 
-// After a question, copies the list's factory file ("chemicals.def", "posename.def") over
-// its list file in the folder the list loaders read, and loads the list again from it. A
-// failed copy is reported and leaves the list file as it was; the list is loaded all the
-// same. Neither the changed flag nor any gene is touched. Gives true when the list was
+// After a question, deletes the list file in the folder the list loaders read, copies the
+// list's factory file ("chemicals.def", "posename.def") in its place, and loads the list
+// again. A failed delete or copy is reported once and the list is loaded all the same; with
+// no factory file the list file is gone and the list falls back on its defaults. Neither the changed flag nor any gene is touched. Gives true when the list was
 // loaded again (the caller then fills its view and count line).
 bool ResetListToDefaults(Session &session, ResettableList list);

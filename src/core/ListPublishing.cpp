@@ -1,6 +1,7 @@
 #include "core/ListPublishing.h"
 
 #include "base/FileFault.h"
+#include "base/FileSteps.h"
 #include "base/FileNames.h"
 #include "base/Text.h"
 #include "core/Session.h"
@@ -15,52 +16,9 @@ using Text::CRLF;
 
 namespace ListPublishing {
 
+using namespace FileSteps;
+
 namespace {
-
-// The fault of a file at path that is not there: the file (53) or its whole folder (76).
-FileFault Missing(const QString &path)
-{
-    const QFileInfo info(path);
-    return FileFault::AtPath(QFileInfo(info.absolutePath()).isDir() ? FileFault::FileNotFound : FileFault::PathNotFound,
-                             path);
-}
-
-// The fault of a failed change to a file at path: a missing folder (76), a folder the user
-// may not change (70), else the fallback.
-FileFault Refused(const QString &path, qint16 fallback)
-{
-    const QFileInfo folder(QFileInfo(path).absolutePath());
-    if (!folder.isDir())
-        return FileFault::AtPath(FileFault::PathNotFound, path);
-    if (!folder.isWritable())
-        return FileFault::AtPath(FileFault::PermissionDenied, path);
-    return FileFault::AtPath(fallback, path);
-}
-
-// Each step below keeps the first fault of its run in fault and leaves a later fault out:
-// the first tells the cause.
-void Keep(FileFault &fault, const FileFault &raised)
-{
-    if (!fault.Failed())
-        fault = raised;
-}
-
-void Remove(const QString &path, FileFault &fault)
-{
-    const QFileInfo info(path);
-    if (!info.exists() && !info.isSymLink())
-        Keep(fault, Missing(path));
-    else if (info.isDir() || !QFile::remove(path))
-        Keep(fault, Refused(path, FileFault::AccessError));
-}
-
-void Copy(const QString &from, const QString &to, FileFault &fault)
-{
-    if (!QFileInfo::exists(from))
-        Keep(fault, Missing(from));
-    else if (!QFile::copy(from, to))
-        Keep(fault, Refused(to, FileFault::AccessError));
-}
 
 // Puts bytes in place of the file at path: written aside, then renamed over it. A file the
 // user may not change stays as it is.

@@ -149,23 +149,27 @@ private slots:
     void resetListToDefaults_data()
     {
         QTest::addColumn<bool>("chemicals"); // or poses
+        QTest::addColumn<bool>("listThere");
         QTest::addColumn<bool>("factoryThere");
-        QTest::newRow("chemicals") << true << true;
-        QTest::newRow("poses") << false << true;
-        QTest::newRow("chemicals, no factory file") << true << false;
-        QTest::newRow("poses, no factory file") << false << false;
+        QTest::newRow("chemicals") << true << true << true;
+        QTest::newRow("poses") << false << true << true;
+        QTest::newRow("chemicals, no factory file") << true << true << false;
+        QTest::newRow("poses, no factory file") << false << true << false;
+        QTest::newRow("chemicals, no list file") << true << false << true;
     }
 
-    // Only Yes goes on. The factory file replaces the list file (as spelt on disk) or, when
-    // it is missing, the fault is told and no file changes; the list is loaded and shown
-    // again from what is there, its changed flag left alone.
+    // Only Yes goes on. The list file is deleted and the factory file copied in its place (as
+    // spelt on disk); either failing is told once and the other still runs, so without a
+    // factory file the list is gone and loads its defaults with the loader's own warning.
+    // The list is loaded and shown again, its changed flag left alone.
     void resetListToDefaults()
     {
         QFETCH(bool, chemicals);
+        QFETCH(bool, listThere);
         QFETCH(bool, factoryThere);
         const QString file = chemicals ? "chemicals.txt" : "PoseName.txt", factory = chemicals ? "chemicals.def" : "posename.def";
-        const QByteArray mine = ListFile(QStringLiteral("mine")) + "tail of a longer file";
-        QVERIFY(TestFiles::Write(File(file), mine));
+        if (listThere)
+            QVERIFY(TestFiles::Write(File(file), ListFile(QStringLiteral("mine")) + "tail of a longer file"));
         if (factoryThere)
             QVERIFY(TestFiles::Write(File(factory), ListFile(QStringLiteral("def"))));
         NameLists &lists = session->Lists;
@@ -176,19 +180,23 @@ private slots:
         Menu(chemicals ? "gappaResetChemicals" : "gappaResetPoseNames");
         QCOMPARE(chemicals ? lists.ChemicalNames[9] : lists.PoseNames[9], QStringLiteral("edited"));
         prompt.AnswerMessage(Prompt::Yes);
-        if (!factoryThere)
+        for (int box = 0; box < (factoryThere ? !listThere : 2); ++box)
             prompt.AnswerMessage(Prompt::Ok);
         Menu(chemicals ? "gappaResetChemicals" : "gappaResetPoseNames");
         QCOMPARE(ShownText(prompt.shown[1]), ShownText("Helixbench", 35, "This will delete any changes you have made.\r\nAre you sure you "
                  "wish to reset the " + QString(chemicals ? "chemical list" : "pose description list") + "?"));
-        if (!factoryThere)
-            QCOMPARE(ShownText(prompt.Last()), ShownText("Helixbench", 16, QString(chemicals ? "Error resetting chemicals to defaults"
+        if (!factoryThere || !listThere)
+            QCOMPARE(ShownText(prompt.shown[2]), ShownText("Helixbench", 16, QString(chemicals ? "Error resetting chemicals to defaults"
                      : "Error resetting pose descriptions to defaults") + "\r\nData may have been lost.\n\rDescription: Error ID 53 "
-                     "(File not found: " + File(factory) + ")"));
-        QCOMPARE(TestFiles::Read(File(file)), factoryThere ? ListFile(QStringLiteral("def")) : mine);
-        QCOMPARE(QDir(sandbox->path()).entryList(QDir::Files), factoryThere ? QStringList({factory, file}) : QStringList({file}));
+                     "(File not found: " + File(listThere ? factory : file) + ")"));
+        if (!factoryThere)
+            QCOMPARE(ShownText(prompt.Last()), ShownText("Helixbench", 48, QString("Could not find '") + (chemicals ? "chemicals.txt"
+                     : "posenames.txt") + "', using numeric substitutes."));
+        QCOMPARE(QDir(sandbox->path()).entryList(QDir::Files), factoryThere ? QStringList({factory, file}) : QStringList());
+        if (factoryThere)
+            QCOMPARE(TestFiles::Read(File(file)), ListFile(QStringLiteral("def")));
         QVERIFY(lists.ChemicalsChanged && lists.PosesChanged);
-        const QString name = factoryThere ? "def9" : "mine9";
+        const QString name = factoryThere ? "def9" : "9";
         QCOMPARE(chemicals ? lists.ChemicalNames[9] : lists.PoseNames[9], name);
         QCOMPARE(form->findChild<QTreeWidget *>(chemicals ? "ChemicalListView" : "PoseListView")->topLevelItem(9)->text(1), name);
     }
