@@ -60,10 +60,12 @@ frmSpecies::frmSpecies(Session &s, clsSpecies &gene, QWidget *mainWin)
 void frmSpecies::LoadEditor() { FillSpeciesList(session, lstGenus); }
 
 // Shows at once what closing would store: each moniker checked as the gene checks it, the
-// father's first, a bad one replaced in its box with a message. The gene is not touched.
+// father's first, a bad one told by a message and replaced in its box. The gene is not touched.
 void frmSpecies::Repair()
 {
-    const QString mother = txtFamily[0]->text(), father = txtFamily[1]->text();
-    txtFamily[1]->setText(session.CheckMoniker(father, QStringLiteral("D")));
-    txtFamily[0]->setText(session.CheckMoniker(mother, QStringLiteral("M")));
+    // Both are checked before either box changes, so neither box moves under a message.
+    const QString father = session.CheckMoniker(txtFamily[1]->text(), QStringLiteral("D"));
+    const QString mother = session.CheckMoniker(txtFamily[0]->text(), QStringLiteral("M"));
+    txtFamily[1]->setText(father);
+    txtFamily[0]->setText(mother);
 }
