@@ -2,7 +2,7 @@
 
 #include "core/Session.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QScreen>
 #include <QWidget>
 
@@ -58,8 +58,12 @@ int TwipsToPixels(int twips, const QWidget *reference)
 
 void CentreForm(QWidget *window)
 {
+    // A window never shown has no frame yet: count that of a window on screen, its owner's
+    // if it has one, else the active window's.
+    const QWidget *owner = window->parentWidget() ? window->parentWidget()->window() : nullptr;
+    const QWidget *reference = owner && owner->isVisible() ? owner : QApplication::activeWindow();
     const QRect area = Available(window);
-    const QSize size = FitToScreen(window, area);
+    const QSize size = FitToScreen(window, area, reference != window ? reference : nullptr);
     const QPoint centred(area.x() + (area.width() - size.width()) / 2, area.y() + (area.height() - size.height()) / 2);
     window->move(Clamp(centred, size, area));
 }

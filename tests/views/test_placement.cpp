@@ -5,6 +5,7 @@
 #include "support/ScriptedPrompt.h"
 #include "widgets/Placement.h"
 
+#include <QApplication>
 #include <QGuiApplication>
 #include <QScreen>
 #include <QTest>
@@ -49,6 +50,23 @@ private slots:
             QCOMPARE(window.height(), Part(w, h).height());
         QVERIFY(qAbs(window.geometry().center().x() - area.center().x()) <= 1);
         QVERIFY(qAbs(window.geometry().center().y() - area.center().y()) <= 1);
+    }
+
+    // A window never shown is centred with the frame of the window on screen counted, so that
+    // once shown it fits, frame and all.
+    void centredCountsTheFrame()
+    {
+        QWidget shown;
+        shown.resize(Part(0.3, 0.3));
+        shown.show();
+        QApplication::setActiveWindow(&shown);
+        QVERIFY(QTest::qWaitForWindowExposed(&shown));
+        QWidget window;
+        window.resize(Part(1.5, 1.5));
+        Placement::CentreForm(&window);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        QVERIFY(Area().contains(window.frameGeometry()));
     }
 
     void cascade_data()
