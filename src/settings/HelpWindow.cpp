@@ -2,6 +2,7 @@
 
 #include "settings/HelpTopics.h"
 #include "widgets/FormBuilder.h"
+#include "widgets/Placement.h"
 
 #include <QFile>
 #include <QHBoxLayout>
@@ -106,7 +107,8 @@ HelpWindow::HelpWindow(QWidget *parent) : QWidget(parent, Qt::Window)
     connect(HelpFindNextButton, &QPushButton::clicked, this, [this] { Find(false); });
     connect(HelpFindPreviousButton, &QPushButton::clicked, this, [this] { Find(true); });
 
-    resize(760, 620);
+    // 760 x 620 pixels at 96 dots an inch; made no larger than the screen when first shown.
+    resize(Placement::TwipsToPixels(11400, this), Placement::TwipsToPixels(9300, this));
 }
 
 void HelpWindow::ShowAnchor(const QString &file, const QString &anchor)
@@ -117,6 +119,10 @@ void HelpWindow::ShowAnchor(const QString &file, const QString &anchor)
     // Within the file shown only the anchor moves; each move is a step of back and forward.
     HelpBrowser->setSource(url, QTextDocument::HtmlResource);
     show();
+    if (!placed) {
+        placed = true;
+        Placement::CentreForm(this);
+    }
     raise();
     activateWindow();
 }

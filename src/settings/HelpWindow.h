@@ -56,4 +56,5 @@ protected:
 
 private:
     QString path;
+    bool placed = false; // centred on its screen once, when first shown (its frame known then)
 };
