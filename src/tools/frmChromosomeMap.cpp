@@ -3,7 +3,7 @@
 #include "core/ChromosomeMap.h"
 #include "core/Session.h"
 #include "tools/MapPicture.h"
-#include "tools/SingleDialog.h"
+#include "widgets/SingleDialog.h"
 #include "widgets/FormBuilder.h"
 #include "widgets/Placement.h"
 

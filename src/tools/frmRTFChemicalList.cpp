@@ -1,7 +1,7 @@
 #include "tools/frmRTFChemicalList.h"
 
 #include "core/Session.h"
-#include "tools/SingleDialog.h"
+#include "widgets/SingleDialog.h"
 #include "vocab/PublishedChemicals.h"
 #include "widgets/FormBuilder.h"
 #include "widgets/Placement.h"

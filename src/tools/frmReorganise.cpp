@@ -3,6 +3,7 @@
 #include "base/Text.h"
 #include "core/Session.h"
 #include "widgets/FormBuilder.h"
+#include "widgets/SingleDialog.h"
 #include "widgets/Placement.h"
 
 #include <QGridLayout>
@@ -110,15 +111,9 @@ frmReorganise::frmReorganise(Session &s, std::function<void()> fill, QWidget *pa
 
 frmReorganise *frmReorganise::Open(Session &session, std::function<void()> fillChemicalView, QWidget *parent)
 {
-    frmReorganise *dialog = parent ? parent->findChild<frmReorganise *>(QString(), Qt::FindDirectChildrenOnly) : nullptr;
-    if (!dialog) {
-        dialog = new frmReorganise(session, std::move(fillChemicalView), parent);
-        dialog->setAttribute(Qt::WA_DeleteOnClose);
-    }
-    dialog->show();
-    dialog->raise();
-    dialog->activateWindow();
-    return dialog;
+    return SingleDialog::Show<frmReorganise>(parent, [&] {
+        return new frmReorganise(session, std::move(fillChemicalView), parent);
+    });
 }
 
 void frmReorganise::ShowChemicals()

@@ -1,6 +1,7 @@
 #include "views/HelixbenchForm.h"
 
 #include "widgets/Placement.h"
+#include "widgets/SingleDialog.h"
 #include "core/Gene.h"
 #include "core/BulkResets.h"
 #include "core/ListPublishing.h"
@@ -255,14 +256,7 @@ void HelixbenchForm::Startup(const QString &appDirectory)
 void HelixbenchForm::OpenOptions()
 {
     // One dialog at a time: a second call brings the open one to the front.
-    auto *dialog = findChild<frmOptions *>(QString(), Qt::FindDirectChildrenOnly);
-    if (!dialog) {
-        dialog = new frmOptions(session, this);
-        dialog->setAttribute(Qt::WA_DeleteOnClose);
-    }
-    dialog->show();
-    dialog->raise();
-    dialog->activateWindow();
+    SingleDialog::Show<frmOptions>(this, [this] { return new frmOptions(session, this); });
 }
 
 bool HelixbenchForm::ConfirmQuit()

@@ -1,6 +1,7 @@
 #include "views/frmChangeDefaultTemplate.h"
 
 #include "widgets/FormBuilder.h"
+#include "widgets/SingleDialog.h"
 #include "widgets/Placement.h"
 #include "core/Session.h"
 #include "base/Text.h"
@@ -62,16 +63,7 @@ frmChangeDefaultTemplate::frmChangeDefaultTemplate(Session &s, QWidget *parent) 
 
 frmChangeDefaultTemplate *frmChangeDefaultTemplate::Open(Session &session, QWidget *parent)
 {
-    frmChangeDefaultTemplate *dialog =
-        parent ? parent->findChild<frmChangeDefaultTemplate *>(QString(), Qt::FindDirectChildrenOnly) : nullptr;
-    if (!dialog) {
-        dialog = new frmChangeDefaultTemplate(session, parent);
-        dialog->setAttribute(Qt::WA_DeleteOnClose);
-    }
-    dialog->show();
-    dialog->raise();
-    dialog->activateWindow();
-    return dialog;
+    return SingleDialog::Show<frmChangeDefaultTemplate>(parent, [&] { return new frmChangeDefaultTemplate(session, parent); });
 }
 
 void frmChangeDefaultTemplate::ShowDefaultTemplate()

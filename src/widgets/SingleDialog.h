@@ -1,7 +1,7 @@
 #pragma once
 #include <QWidget>
 
-// The tool dialogs stand once beside their owner: a second call shows the one that is open,
+// The modeless dialogs of the menus stand once beside their owner: a second call shows the one that is open,
 // as it stands, and makes a new one only when there is none. A dialog made here deletes
 // itself when it closes.
 namespace SingleDialog {
