@@ -152,9 +152,3 @@ ChemicalCombo *ChemicalRow(Session &session, Form::FrameGrid &rows)
     rows.row(QStringLiteral("Chemical:"), combo);
     return combo;
 }
-
-void LoadChemicals(Session &session, ChemicalCombo *combo)
-{
-    FillChemicalList(session, combo);
-    combo->setCurrentIndex(0);
-}

@@ -56,5 +56,3 @@ class ChemicalCombo;
 // Adds the row "Chemical:" with the chemical combo "lstChem" to the frame (the first row of
 // the "Chemical Information" frame of a receptor or emitter).
 ChemicalCombo *ChemicalRow(Session &session, Form::FrameGrid &rows);
-// The load of a chemical combo: the 256 chemicals, the first selected.
-void LoadChemicals(Session &session, ChemicalCombo *combo);

@@ -28,12 +28,6 @@ ChemicalCombo *MakeChemicalCombo(Session &session, QWidget *parent, const QStrin
     return combo;
 }
 
-void LoadChemicalCombo(Session &session, QComboBox *combo)
-{
-    FillChemicalList(session, combo);
-    combo->setCurrentIndex(0);
-}
-
 QWidget *CaptionedTimeSlider(TimeSlider *slider, std::initializer_list<const char *> captions)
 {
     auto *box = new QWidget(slider->parentWidget());

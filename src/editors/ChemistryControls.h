@@ -15,10 +15,6 @@ class TimeSlider;
 // within limits.
 ChemicalCombo *MakeChemicalCombo(Session &session, QWidget *parent, const QString &name);
 
-// What an editor's load does to each of its chemical combos: fill it with the chemicals and
-// select item 0, before the gene's values arrive.
-void LoadChemicalCombo(Session &session, QComboBox *combo);
-
 // The slider with a row of captions beneath it: the first at its left end, the last at its
 // right end, any between them spaced evenly.
 QWidget *CaptionedTimeSlider(TimeSlider *slider, std::initializer_list<const char *> captions);

@@ -18,6 +18,12 @@ void FillChemicalList(Session &session, QComboBox *list)
     list->setCurrentIndex(-1);
 }
 
+void LoadChemicalCombo(Session &session, QComboBox *combo)
+{
+    FillChemicalList(session, combo);
+    combo->setCurrentIndex(0);
+}
+
 void ShowSlider(Session &session, int value)
 {
     session.SetStatusPanel(2, QStringLiteral("Slider: ") + QString::number(value));

@@ -13,6 +13,8 @@ class QLineEdit;
 // No change event runs while it fills; afterwards nothing is selected, so the caller's
 // selection runs the list's change event as a selection by the user would.
 void FillChemicalList(Session &session, QComboBox *list);
+// Fills a chemical combo as an editor loads: the 256 chemicals, the first selected.
+void LoadChemicalCombo(Session &session, QComboBox *combo);
 
 // Read-outs on the second panel of the main window's status bar.
 void ShowSlider(Session &session, int value);

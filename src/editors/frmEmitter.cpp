@@ -58,5 +58,5 @@ void frmEmitter::lstOrgan_Click() { Place->OrganClick(); }
 void frmEmitter::LoadEditor()
 {
     Place->Load();
-    LoadChemicals(session, lstChem);
+    LoadChemicalCombo(session, lstChem);
 }

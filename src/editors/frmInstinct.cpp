@@ -112,8 +112,7 @@ QWidget *frmInstinct::BuildRewardFrame(QWidget *parent)
 
 void frmInstinct::LoadEditor()
 {
-    FillChemicalList(session, lstReinforcer);
-    lstReinforcer->setCurrentIndex(0);
+    LoadChemicalCombo(session, lstReinforcer);
     const QStringList lobes = session.Tables.InstinctLobeNames();
     for (int i = 0; i < Rows; ++i) {
         {

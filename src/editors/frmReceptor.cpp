@@ -46,5 +46,5 @@ void frmReceptor::lstOrgan_Click() { Place->OrganClick(); }
 void frmReceptor::LoadEditor()
 {
     Place->Load();
-    LoadChemicals(session, lstChem);
+    LoadChemicalCombo(session, lstChem);
 }

@@ -90,10 +90,8 @@ QWidget *frmStimulus::BuildChemicalsFrame(QWidget *parent)
 
 void frmStimulus::LoadEditor()
 {
-    for (ChemicalCombo *chem : lstChem) {
-        FillChemicalList(session, chem);
-        chem->setCurrentIndex(0);
-    }
+    for (ChemicalCombo *chem : lstChem)
+        LoadChemicalCombo(session, chem);
     lstStim->clear();
     lstStim->addItems(session.Tables.StimulusNames);
     lstStim->setCurrentIndex(0);
