@@ -85,6 +85,38 @@ bool ReadFront(const QString &path, qint64 maxBytes, QByteArray &bytes, FileFaul
     return true;
 }
 
+Replaced ReplaceFile(const QString &path, const QByteArray &bytes, FileFault &fault, QString *systemText)
+{
+    // Unbuffered, so that every write reaches the system at once and a short one is seen here:
+    // the save file's own flush at commit does not report a failure, and on a full disk it
+    // would rename a cut file over the old one.
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
+        fault = FileFault::Of(file, path);
+        if (systemText)
+            *systemText = file.errorString();
+        return Replaced::NotOpened;
+    }
+    // A short write is taken up again where it stopped; the next one fails and tells the
+    // cause (a disk is full only when not one more byte fits).
+    qint64 written = 0;
+    while (written < bytes.size()) {
+        const qint64 n = file.write(bytes.constData() + written, bytes.size() - written);
+        if (n <= 0)
+            break;
+        written += n;
+    }
+    const bool whole = written == bytes.size();
+    if (!whole || !file.commit()) {
+        fault = FileFault::Of(file, path);
+        if (systemText)
+            *systemText = file.errorString();
+        file.cancelWriting(); // the new file goes with the save file
+        return Replaced::NotWritten;
+    }
+    return Replaced::Done;
+}
+
 bool WriteOverFront(const QString &path, const QByteArray &content, FileFault &fault)
 {
     const QFileInfo info(path);
@@ -92,42 +124,22 @@ bool WriteOverFront(const QString &path, const QByteArray &content, FileFault &f
         fault = FileFault::AtPath(FileFault::AccessError, path);
         return false;
     }
-    // The old file is opened first: its bytes behind the new content go into the new file.
-    QFile old(path);
-    const bool keepTail = info.exists();
-    if (keepTail && !old.open(QIODevice::ReadOnly)) {
-        fault = FileFault::Of(old, path);
-        return false;
-    }
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) {
-        fault = FileFault::Of(file, path);
-        return false;
-    }
-    bool ok = file.write(content) == content.size();
-    if (ok && keepTail && old.size() > content.size() && old.seek(content.size())) {
-        while (ok && !old.atEnd()) {
-            const QByteArray chunk = old.read(64 * 1024);
-            if (old.error() != QFileDevice::NoError) {
-                fault = FileFault::Of(old, path);
-                file.cancelWriting();
-                return false;
-            }
-            if (chunk.isEmpty())
-                break;
-            ok = file.write(chunk) == chunk.size();
+    // The bytes of an older, longer file behind the new content go into the new file.
+    QByteArray whole = content;
+    if (info.exists()) {
+        QFile old(path);
+        if (!old.open(QIODevice::ReadOnly)) {
+            fault = FileFault::Of(old, path);
+            return false;
+        }
+        if (old.size() > content.size() && old.seek(content.size()))
+            whole += old.readAll();
+        if (old.error() != QFileDevice::NoError) {
+            fault = FileFault::Of(old, path);
+            return false;
         }
     }
-    if (!ok) {
-        fault = FileFault::Of(file, path);
-        file.cancelWriting();
-        return false;
-    }
-    if (!file.commit()) {
-        fault = FileFault::Of(file, path);
-        return false;
-    }
-    return true;
+    return ReplaceFile(path, whole, fault) == Replaced::Done;
 }
 
 } // namespace SmallFiles

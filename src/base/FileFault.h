@@ -43,8 +43,14 @@ struct FileFault
 namespace SmallFiles {
 // Reads at most maxBytes from the front of the file at path.
 bool ReadFront(const QString &path, qint64 maxBytes, QByteArray &bytes, FileFault &fault);
+// How far a replacement of a file got.
+enum class Replaced { Done, NotOpened, NotWritten };
+// Puts bytes in place of the file at path: they are written to a new file beside it, which is
+// renamed over it once every byte was taken. Whatever fails, the old file stays whole and the
+// new one goes; fault tells why and systemText, if given, the system's own words.
+Replaced ReplaceFile(const QString &path, const QByteArray &bytes, FileFault &fault, QString *systemText = nullptr);
 // Writes content over the first bytes of the file at path without shortening it: bytes of an
-// older, longer file behind the new content stay as they were. The new file is written
-// beside the old one and renamed over it, so a failed write leaves the old file whole.
+// older, longer file behind the new content stay as they were. The file is replaced as
+// ReplaceFile does, so a failed write leaves the old file whole.
 bool WriteOverFront(const QString &path, const QByteArray &content, FileFault &fault);
 }

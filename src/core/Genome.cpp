@@ -1,12 +1,12 @@
 // The genome's file commands and the two drivers between the image and the gene list.
 #include "core/Gene.h"
 #include "core/Session.h"
+#include "base/FileFault.h"
 #include "base/Text.h"
 #include "base/SingleByteText.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <cmath>
 
@@ -272,20 +272,15 @@ void Session::SaveGenomeAs()
 
 Session::ImageWrite Session::WriteImageFile(const QString &path, QString *errorText)
 {
-    // Written to a temporary file and renamed over the target: a failed save leaves the
-    // old file whole. The file is the image and nothing more, whatever stood there before,
-    // so that a saved genome always loads again.
+    // Put in place of the target only when whole: a failed save leaves the old file whole.
+    // The file is the image and nothing more, whatever stood there before, so that a saved
+    // genome always loads again.
     const QByteArray bytes(reinterpret_cast<const char *>(GenomeImage.Bytes.data()), ::GenomeImage::Size);
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        return ImageWrite::OpenFailed;
-    const bool whole = file.write(bytes) == bytes.size();
-    if (!whole)
-        file.cancelWriting();
-    if (!whole || !file.commit()) {
-        if (errorText)
-            *errorText = file.errorString();
-        return ImageWrite::WriteFailed;
+    FileFault fault;
+    switch (SmallFiles::ReplaceFile(path, bytes, fault, errorText)) {
+    case SmallFiles::Replaced::NotOpened: return ImageWrite::OpenFailed;
+    case SmallFiles::Replaced::NotWritten: return ImageWrite::WriteFailed;
+    case SmallFiles::Replaced::Done: break;
     }
     return ImageWrite::Written;
 }

@@ -10,7 +10,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 using Text::CRLF;
 
@@ -30,18 +29,12 @@ void Replace(const QString &path, const QByteArray &bytes, FileFault &fault)
                                  : FileFault::AtPath(FileFault::PermissionDenied, path));
         return;
     }
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) {
-        Keep(fault, Refused(path, FileFault::AccessError));
-        return;
+    FileFault failed;
+    switch (SmallFiles::ReplaceFile(path, bytes, failed)) {
+    case SmallFiles::Replaced::NotOpened: Keep(fault, Refused(path, FileFault::AccessError)); break;
+    case SmallFiles::Replaced::NotWritten: Keep(fault, failed); break;
+    case SmallFiles::Replaced::Done: break;
     }
-    if (file.write(bytes) != bytes.size()) {
-        Keep(fault, FileFault::Of(file, path));
-        file.cancelWriting();
-        return;
-    }
-    if (!file.commit())
-        Keep(fault, FileFault::Of(file, path));
 }
 
 } // namespace

@@ -1,12 +1,10 @@
 #include "vocab/CaptionStore.h"
 
 #include "base/FileNames.h"
-#include "base/FileTail.h"
 #include "base/SingleByteText.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 namespace {
 
@@ -280,25 +278,15 @@ QByteArray CaptionStore::FileBytes() const
 
 void CaptionStore::WriteCaptionFile(const QString &path, const QString &shownName)
 {
-    QByteArray bytes = FileBytes();
-
     // The file is overwritten from its first byte and never shortened: the bytes of an older,
-    // longer file behind the new content stay where they were. The new content goes to a
-    // temporary file first, so that a failure leaves the old file whole.
-    bytes.append(FileTailBeyond(path, bytes.size()));
-
+    // longer file behind the new content stay where they were. A failure leaves the old file
+    // whole.
     FileFault fault;
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) {
-        fault = FileFault::OfError(file.error());
-    } else if (file.write(bytes) != bytes.size()) {
-        fault = FileFault::OfError(file.error());
-        file.cancelWriting();
-    } else if (!file.commit()) {
-        fault = FileFault::OfError(file.error());
-    }
-    if (fault.Failed())
-        messages.ShowFault(fault.Number, fault.Description, QStringLiteral("Error saving caption file ") + shownName);
+    if (SmallFiles::WriteOverFront(path, FileBytes(), fault))
+        return;
+    // The context names the file already; the description is the fault's alone.
+    const FileFault shown = FileFault::Numbered(fault.Number);
+    messages.ShowFault(shown.Number, shown.Description, QStringLiteral("Error saving caption file ") + shownName);
 }
 
 void CaptionStore::SaveDefaultCaptions()
