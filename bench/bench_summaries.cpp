@@ -56,6 +56,7 @@ struct Rig
             session.CaptionStore.SetCaption(g->GeneType, g->GeneSubType, g->ID, QStringLiteral("Gene %1").arg(i));
         }
         form = std::make_unique<HelixbenchForm>(session);
+        form->BuildAllTabs(); // the rebuilds below are timed on tabs that have been shown
         organ = form->findChild<OrganViewTab *>();
         genotype = form->findChild<GenotypeTab *>();
         organ->BuildOrganTree();
@@ -112,15 +113,31 @@ void FillBare(QTreeWidget &tree, const std::vector<Rig::Row> &rows)
     tree.addTopLevelItems(topLevel);
 }
 
-// Load: read and decode the file, captions, then the gene list, summary and organ tree.
+// Load: read and decode the file, captions, then the gene list, summary and organ tree, in a
+// main window as start-up leaves it (on its cover, the other tabs not shown yet).
 void BM_LoadToViews(benchmark::State &state)
+{
+    BenchPrompt prompt;
+    Session session(prompt);
+    session.Tables.Build();
+    session.Template.DefaultGeneCounts = rig->session.Template.DefaultGeneCounts;
+    session.Lists.ChemicalNames = rig->session.Lists.ChemicalNames;
+    HelixbenchForm form(session);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(session.LoadGenomeFile(rig->genomeFile));
+    state.counters["genes"] = double(session.GeneCount);
+    state.counters["captions"] = double(session.CaptionStore.CaptionCount);
+}
+BENCHMARK(BM_LoadToViews)->Unit(benchmark::kMicrosecond);
+
+// The same load with every tab shown before: all the views are filled at once.
+void BM_LoadToViewsAllShown(benchmark::State &state)
 {
     for (auto _ : state)
         benchmark::DoNotOptimize(rig->session.LoadGenomeFile(rig->genomeFile));
     state.counters["genes"] = double(rig->session.GeneCount);
-    state.counters["captions"] = double(rig->session.CaptionStore.CaptionCount);
 }
-BENCHMARK(BM_LoadToViews)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_LoadToViewsAllShown)->Unit(benchmark::kMicrosecond);
 
 void BM_LoadToViewsFloor(benchmark::State &state)
 {
@@ -190,6 +207,7 @@ int main(int argc, char **argv)
     RatioReporter reporter; // tabular, without colour codes
     benchmark::RunSpecifiedBenchmarks(&reporter);
     reporter.Ratio("BM_LoadToViews", "BM_LoadToViewsFloor");
+    reporter.Ratio("BM_LoadToViewsAllShown", "BM_LoadToViewsFloor");
     reporter.Ratio("BM_OrganTree", "BM_OrganTreeFloor");
     reporter.Ratio("BM_Genotype", "BM_GenotypeFloor");
     rig = nullptr;

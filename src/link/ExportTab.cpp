@@ -42,6 +42,15 @@ template <typename W> W *Named(W *widget, const char *name)
 
 ExportTab::ExportTab(Session &s) : session(s)
 {
+    connect(&session, &Session::ExportViewsMustFill, this, [this] {
+        viewsLoaded = true;
+        if (IsBuilt())
+            FillExportViews();
+    });
+}
+
+void ExportTab::BuildPage()
+{
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(BuildInterfaceControl());
     layout->addWidget(BuildScriptorium(), 1);
@@ -51,7 +60,8 @@ ExportTab::ExportTab(Session &s) : session(s)
     DDE->setMaxLength(std::numeric_limits<int>::max()); // a macro or a reply of any length passes whole
     link = std::make_unique<MacroLink>(session, *DDE, *InjectStatusLabel);
 
-    connect(&session, &Session::ExportViewsMustFill, this, &ExportTab::FillExportViews);
+    if (viewsLoaded)
+        FillExportViews();
 }
 
 ExportTab::~ExportTab() = default;

@@ -1,5 +1,6 @@
 #pragma once
-#include <QWidget>
+#include "widgets/LazyPage.h"
+
 #include <memory>
 
 class Session;
@@ -15,8 +16,10 @@ class QPushButton;
 class QTreeWidget;
 
 // The "Export" tab: laying the bench's genome as an egg in the running game, removing the
-// game's selected pet, and the Scriptorium of named macros and one-shot macros.
-class ExportTab : public QWidget
+// game's selected pet, and the Scriptorium of named macros and one-shot macros. Its widgets
+// are made when the tab is first shown; the script list and the egg controls are filled then
+// from the lists as they stand, which change only through this tab.
+class ExportTab : public LazyPage
 {
     Q_OBJECT
 public:
@@ -75,6 +78,7 @@ public:
     void ShowScriptCount();
 
 protected:
+    void BuildPage() override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
@@ -85,4 +89,6 @@ private:
 
     Session &session;
     std::unique_ptr<MacroLink> link;
+    // The lists have been loaded and the views asked to fill.
+    bool viewsLoaded = false;
 };

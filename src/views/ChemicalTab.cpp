@@ -20,7 +20,9 @@ NameListTabLayout ChemicalLayout()
 }
 } // namespace
 
-ChemicalTab::ChemicalTab(Session &s) : NameListTab(s, ChemicalLayout())
+ChemicalTab::ChemicalTab(Session &s) : NameListTab(s, ChemicalLayout()) {}
+
+void ChemicalTab::BuildCommands()
 {
     AddButton("AddChemicalCommand", QStringLiteral("&Add"), [this] { AddChemical(); });
     AddButton("AddHereCommand", QStringLiteral("Add &Here"), [this] { AddChemicalHere(); });

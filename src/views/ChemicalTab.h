@@ -14,4 +14,7 @@ public:
     void DeleteChemical();
     void RenameChemical();
     void CaptionChemical();
+
+protected:
+    void BuildCommands() override;
 };

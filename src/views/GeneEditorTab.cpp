@@ -31,6 +31,13 @@ GeneEditorTab::GeneEditorTab(Session &s, HelixbenchForm &w)
     : session(s), mainWindow(w), rowOfGene(size_t(Session::GeneSlots), nullptr)
 {
     setObjectName(QStringLiteral("GeneEditorTab"));
+    connect(&session, &Session::ViewsRefreshRequested, this, &GeneEditorTab::RefreshViews);
+    connect(&session, &Session::GeneRowChanged, this, &GeneEditorTab::RefreshGeneRow);
+    connect(&session, &Session::GenomeWindowsMustClose, this, &GeneEditorTab::CloseOrphanEditors);
+}
+
+void GeneEditorTab::BuildPage()
+{
     auto *layout = new QVBoxLayout(this);
     auto *frame = new QGroupBox(QStringLiteral("Gene Layout by Number"), this);
     frame->setObjectName(QStringLiteral("GE_frame"));
@@ -91,13 +98,14 @@ GeneEditorTab::GeneEditorTab(Session &s, HelixbenchForm &w)
     connect(upFast, &QPushButton::clicked, this, &GeneEditorTab::UpFastCommand);
     connect(downFast, &QPushButton::clicked, this, &GeneEditorTab::DownFastCommand);
 
-    connect(&session, &Session::ViewsRefreshRequested, this, &GeneEditorTab::RefreshViews);
-    connect(&session, &Session::GeneRowChanged, this, &GeneEditorTab::RefreshGeneRow);
-    connect(&session, &Session::GenomeWindowsMustClose, this, &GeneEditorTab::CloseOrphanEditors);
+    // Rows kept aside are in the view's order already: no sort has been asked for yet.
+    GeneListListView->addTopLevelItems(pendingRows);
+    pendingRows.clear();
 }
 
 GeneEditorTab::~GeneEditorTab()
 {
+    qDeleteAll(pendingRows);
     // As the session does for its own genes: the editors may already be gone, so no gene
     // that outlives this tab's list keeps a view.
     for (auto &g : orphans)
@@ -211,6 +219,20 @@ void GeneEditorTab::SortBy(int column)
 
 void GeneEditorTab::RefreshViews()
 {
+    if (!IsBuilt()) {
+        // Without a view there is no sort column but the first, and rows made in gene order
+        // stand in it already.
+        qDeleteAll(pendingRows);
+        pendingRows.clear();
+        std::fill(rowOfGene.begin(), rowOfGene.end(), nullptr);
+        pendingRows.reserve(session.GeneCount);
+        for (int i = 0; i < session.GeneCount; ++i) {
+            auto *row = new QTreeWidgetItem;
+            FillGeneRow(row, i);
+            pendingRows.append(row);
+        }
+        return;
+    }
     QTreeWidget *v = GeneListListView;
     const bool hadFocus = v->hasFocus();
     v->setUpdatesEnabled(false);
@@ -276,15 +298,21 @@ void GeneEditorTab::AddGeneRow(int numericId)
     // The view is sorted: the new row goes after the last row whose text in the sort column
     // does not come after its own.
     QTreeWidget *v = GeneListListView;
+    const auto rowAt = [this, v](int i) { return IsBuilt() ? v->topLevelItem(i) : pendingRows.at(i); };
     const QString text = row->text(sortColumn);
-    int at = v->topLevelItemCount();
-    while (at > 0 && text < v->topLevelItem(at - 1)->text(sortColumn))
+    int at = IsBuilt() ? v->topLevelItemCount() : int(pendingRows.size());
+    while (at > 0 && text < rowAt(at - 1)->text(sortColumn))
         --at;
-    v->insertTopLevelItem(at, row);
+    if (IsBuilt())
+        v->insertTopLevelItem(at, row);
+    else
+        pendingRows.insert(at, row);
 }
 
 int GeneEditorTab::SelectedGeneIndex() const
 {
+    if (!IsBuilt()) // a list not made yet has no selected row
+        return -1;
     const QList<QTreeWidgetItem *> selected = GeneListListView->selectedItems();
     if (selected.isEmpty())
         return -1;
@@ -295,6 +323,8 @@ int GeneEditorTab::SelectedGeneIndex() const
 
 void GeneEditorTab::SelectRowAt(int position)
 {
+    if (!IsBuilt())
+        return;
     QTreeWidgetItem *row = GeneListListView->topLevelItem(position - 1);
     if (!row)
         return;

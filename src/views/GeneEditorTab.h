@@ -1,6 +1,8 @@
 #pragma once
+#include "widgets/LazyPage.h"
+
+#include <QList>
 #include <QPointer>
-#include <QWidget>
 #include <memory>
 #include <vector>
 
@@ -15,7 +17,9 @@ class QTreeWidgetItem;
 
 // The Gene Editor tab: the list of the genome's genes, one row each, and the commands that
 // create, open, delete, rename, renumber and move them. Commands act on the selected row.
-class GeneEditorTab : public QWidget
+// Its widgets are made when the tab is first shown; rows written before that are kept, in
+// the order of the view, and go into the list then.
+class GeneEditorTab : public LazyPage
 {
     Q_OBJECT
 public:
@@ -56,6 +60,7 @@ public:
     void DownFastCommand();
 
 protected:
+    void BuildPage() override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
@@ -74,6 +79,8 @@ private:
     int sortColumn = 0;
     // Row of each gene number: the key lookup without a walk through the view.
     std::vector<QTreeWidgetItem *> rowOfGene;
+    // The rows while the list does not exist yet.
+    QList<QTreeWidgetItem *> pendingRows;
     std::vector<std::unique_ptr<Gene>> orphans;
     QPointer<NewGeneForm> newGeneForm;
 };

@@ -48,6 +48,12 @@ void FillRows(QTreeWidget *list, const QList<QStringList> &rows)
 
 GenotypeTab::GenotypeTab(Session &s, HelixbenchForm &w) : session(s), mainWindow(w)
 {
+    connect(&session, &Session::ViewsRefreshRequested, this, [this] { CountGenotype(); });
+    connect(&session, &Session::GenotypeCountersReset, this, [this] { GenotypeCounts.Reset(); });
+}
+
+void GenotypeTab::BuildPage()
+{
     auto *layout = new QVBoxLayout(this);
 
     auto *frame1 = new QGroupBox(QStringLiteral("Genetic Breakdown"), this);
@@ -79,8 +85,10 @@ GenotypeTab::GenotypeTab(Session &s, HelixbenchForm &w) : session(s), mainWindow
     layout->addWidget(frame1, 1);
     layout->addWidget(frame2, 1);
 
-    connect(&session, &Session::ViewsRefreshRequested, this, [this] { CountGenotype(); });
-    connect(&session, &Session::GenotypeCountersReset, this, [this] { GenotypeCounts.Reset(); });
+    if (hasPending)
+        Show(pending);
+    pending = Shown();
+    hasPending = false;
 }
 
 void GenotypeTab::CountGenotype()
@@ -92,12 +100,26 @@ void GenotypeTab::CountGenotype()
 
 void GenotypeTab::ShowGenotype()
 {
-    FillRows(GenotypeListView, Genotype::CategoryRows(session, GenotypeCounts));
-    GeneticSummaryLabel->setText(Genotype::GeneticSummaryText(session.GeneCount));
-
+    // The texts are taken now, from the genome, captions and template as they stand, also
+    // when the lists do not exist yet.
     const Genotype::LobeTable lobes = Genotype::LobeRows(session);
-    FillRows(BrainLobeListView, lobes.rows);
-    BrainLobeSummaryLabel->setText(Genotype::BrainLobeSummaryText(lobes.neurones, lobes.lobes));
+    Shown shown{Genotype::CategoryRows(session, GenotypeCounts), lobes.rows,
+                Genotype::GeneticSummaryText(session.GeneCount),
+                Genotype::BrainLobeSummaryText(lobes.neurones, lobes.lobes)};
+    if (IsBuilt()) {
+        Show(shown);
+    } else {
+        pending = std::move(shown);
+        hasPending = true;
+    }
+}
+
+void GenotypeTab::Show(const Shown &shown)
+{
+    FillRows(GenotypeListView, shown.categories);
+    GeneticSummaryLabel->setText(shown.geneticSummary);
+    FillRows(BrainLobeListView, shown.lobes);
+    BrainLobeSummaryLabel->setText(shown.lobeSummary);
 }
 
 void GenotypeTab::EnterTab()

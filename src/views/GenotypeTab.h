@@ -1,7 +1,9 @@
 #pragma once
 #include "core/Genotype.h"
+#include "widgets/LazyPage.h"
 
-#include <QWidget>
+#include <QList>
+#include <QStringList>
 
 class Session;
 class HelixbenchForm;
@@ -10,7 +12,9 @@ class QTreeWidget;
 
 // The Genotype tab: genes counted by category beside the mutation template, and the brain
 // lobes. Recounted by RefreshViews and, when the genome has changed since, on entering the tab.
-class GenotypeTab : public QWidget
+// Its lists are made when the tab is first shown; a count before that is kept as the rows it
+// would have shown.
+class GenotypeTab : public LazyPage
 {
     Q_OBJECT
 public:
@@ -32,7 +36,20 @@ public:
     QTreeWidget *BrainLobeListView = nullptr;
     QLabel *BrainLobeSummaryLabel = nullptr;
 
+protected:
+    void BuildPage() override;
+
 private:
+    // What the lists and labels show, ready to be put into them.
+    struct Shown
+    {
+        QList<QStringList> categories, lobes;
+        QString geneticSummary, lobeSummary;
+    };
+    void Show(const Shown &shown);
+    Shown pending;
+    bool hasPending = false;
+
     Session &session;
     HelixbenchForm &mainWindow;
 };

@@ -1,5 +1,6 @@
 #include "views/HelixbenchForm.h"
 
+#include "widgets/LazyPage.h"
 #include "widgets/Placement.h"
 #include "widgets/SingleDialog.h"
 #include "core/Gene.h"
@@ -78,7 +79,8 @@ void HelixbenchForm::BuildTabs()
     SSTab1->setObjectName(QStringLiteral("SSTab1"));
     SSTab1->addTab(BuildCoverTab(), QStringLiteral("Cover"));
     // A full refresh rebuilds the gene list, then the summary, then the organ tree: each tab
-    // follows the session's refresh signal, so they are made in that order.
+    // follows the session's refresh signal, so they are made in that order. The tabs other
+    // than the cover make their widgets when first shown.
     geneEditorTab = new GeneEditorTab(session, *this);
     genotypeTab = new GenotypeTab(session, *this);
     organViewTab = new OrganViewTab(session, *this);
@@ -88,18 +90,39 @@ void HelixbenchForm::BuildTabs()
     SSTab1->addTab(chemicalTab = new ChemicalTab(session), QStringLiteral("Biochemistry"));
     SSTab1->addTab(poseTab = new PoseTab(session), QStringLiteral("Poses"));
     SSTab1->addTab(exportTab = new ExportTab(session), QStringLiteral("Export"));
-    // Each tab's frames stand 240 twips in from its edges.
-    const int margin = Placement::TwipsToPixels(240, this);
-    for (int i = 0; i < SSTab1->count(); ++i)
-        SSTab1->widget(i)->layout()->setContentsMargins(margin, margin, margin, margin);
+    SetTabMargins(SSTab1->widget(0));
+    for (int i = 1; i < SSTab1->count(); ++i) {
+        auto *page = static_cast<LazyPage *>(SSTab1->widget(i));
+        connect(page, &LazyPage::Built, this, [this, page] { SetTabMargins(page); });
+    }
     setCentralWidget(canvas);
-    // Stale summaries are rebuilt when their tab is entered.
+    // A tab's widgets are made as it is entered; stale summaries are then rebuilt.
     connect(SSTab1, &QTabWidget::currentChanged, this, [this](int tab) {
+        BuildTab(tab);
         if (tab == 3)
             organViewTab->EnterTab();
         if (tab == 1)
             genotypeTab->EnterTab();
     });
+}
+
+void HelixbenchForm::SetTabMargins(QWidget *page)
+{
+    // Each tab's frames stand 240 twips in from its edges.
+    const int margin = Placement::TwipsToPixels(240, this);
+    page->layout()->setContentsMargins(margin, margin, margin, margin);
+}
+
+void HelixbenchForm::BuildTab(int tab)
+{
+    if (tab > 0 && tab < SSTab1->count())
+        static_cast<LazyPage *>(SSTab1->widget(tab))->EnsureBuilt();
+}
+
+void HelixbenchForm::BuildAllTabs()
+{
+    for (int i = 1; i < SSTab1->count(); ++i)
+        BuildTab(i);
 }
 
 QWidget *HelixbenchForm::BuildCoverTab()

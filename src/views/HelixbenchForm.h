@@ -24,6 +24,11 @@ public:
     // Start-up, in its order. appDirectory is the program's folder.
     void Startup(const QString &appDirectory);
 
+    // Makes the widgets of a tab of SSTab1 (by its number), as entering it does; a tab made
+    // once is kept. The cover is made with the window.
+    void BuildTab(int tab);
+    void BuildAllTabs();
+
     Session &session;
     QTabWidget *SSTab1 = nullptr;
     QLabel *VersionLabel = nullptr;
@@ -58,6 +63,7 @@ private:
     void BuildHelpMenu();
     void BuildStatusBar();
     QWidget *BuildCoverTab();
+    void SetTabMargins(QWidget *page);
     void OpenOptions();
     bool ConfirmQuit();
     // Lays SSTab1 out anew in each direction only while the window is big enough for it;

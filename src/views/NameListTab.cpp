@@ -60,36 +60,48 @@ void UpdateChemicalPoseInPlace(Session &session, int kind, QTreeWidget *view, in
     row->setText(2, chemical ? lists.ChemicalCaptions[size_t(number)] : lists.PoseCaptions[size_t(number)]);
 }
 
-NameListTab::NameListTab(Session &s, const NameListTabLayout &layout) : session(s), kind(layout.kind)
+NameListTab::NameListTab(Session &s, const NameListTabLayout &l) : session(s), design(l), kind(l.kind)
 {
-    setObjectName(QString::fromLatin1(layout.tabName));
+    setObjectName(QString::fromLatin1(design.tabName));
+    connect(&session, &Session::ListViewsMustFill, this, [this] {
+        listsLoaded = true;
+        FillView();
+        ShowCount();
+    });
+}
+
+void NameListTab::BuildPage()
+{
     auto *outer = new QVBoxLayout(this);
-    frame = new QGroupBox(layout.frameTitle, this);
-    frame->setObjectName(QString::fromLatin1(layout.frameName));
+    frame = new QGroupBox(design.frameTitle, this);
+    frame->setObjectName(QString::fromLatin1(design.frameName));
     outer->addWidget(frame);
 
     auto *inner = new QVBoxLayout(frame);
-    listView = MakeNameListView(frame, layout.viewName, layout.columns);
+    listView = MakeNameListView(frame, design.viewName, design.columns);
     listView->viewport()->installEventFilter(this);
     inner->addWidget(listView, 1);
 
-    countLabel = new QLabel(layout.emptyCountText, frame);
-    countLabel->setObjectName(QString::fromLatin1(layout.countName));
+    countLabel = new QLabel(design.emptyCountText, frame);
+    countLabel->setObjectName(QString::fromLatin1(design.countName));
     bottom = new FlowLayout;
     bottom->addWidget(countLabel, 1);
     inner->addLayout(bottom);
 
-    popUp = new QMenu(layout.popUpTitle, this);
-    popUp->setObjectName(QString::fromLatin1(layout.popUpName));
+    popUp = new QMenu(design.popUpTitle, this);
+    popUp->setObjectName(QString::fromLatin1(design.popUpName));
     connect(popUp, &QMenu::aboutToShow, this, [this] {
         if (saveEntry)
             saveEntry->setEnabled(ListChanged());
     });
 
-    connect(&session, &Session::ListViewsMustFill, this, [this] {
+    BuildCommands();
+    // The view shows the lists as they stand, as every change to them since they were
+    // loaded would have left it.
+    if (listsLoaded) {
         FillView();
         ShowCount();
-    });
+    }
 }
 
 QString NameListTab::NameText(int slot) const
@@ -133,6 +145,8 @@ void NameListTab::AddSaveEntry(const char *name)
 
 void NameListTab::FillView()
 {
+    if (!IsBuilt())
+        return;
     listView->setUpdatesEnabled(false);
     listView->setSortingEnabled(false);
     listView->clear();
@@ -147,6 +161,8 @@ void NameListTab::FillView()
 
 void NameListTab::ShowCount()
 {
+    if (!IsBuilt())
+        return;
     countLabel->setText(kind == 1 ? session.Lists.ChemicalCountText() : session.Lists.PoseCountText());
 }
 
@@ -158,12 +174,13 @@ void NameListTab::SaveListCommand()
         session.Lists.SaveChemicalList();
     else
         session.Lists.SavePoseList();
-    saveEntry->setEnabled(ListChanged());
+    if (saveEntry)
+        saveEntry->setEnabled(ListChanged());
 }
 
 void NameListTab::OnSelectedSlot(const std::function<bool(int)> &command)
 {
-    const int slot = SelectedNameListSlot(listView);
+    const int slot = IsBuilt() ? SelectedNameListSlot(listView) : -1;
     if (slot < 0)
         session.ShowWarning(QStringLiteral("Nothing selected"));
     else if (command(slot))
@@ -172,6 +189,8 @@ void NameListTab::OnSelectedSlot(const std::function<bool(int)> &command)
 
 void NameListTab::ShowStored(int slot)
 {
+    if (!IsBuilt())
+        return;
     UpdateChemicalPoseInPlace(session, kind, listView, slot);
     ShowCount();
     saveEntry->setEnabled(ListChanged());

@@ -1,6 +1,7 @@
 #pragma once
+#include "widgets/LazyPage.h"
+
 #include <QStringList>
-#include <QWidget>
 
 #include <functional>
 
@@ -40,12 +41,13 @@ struct NameListTabLayout
 
 // A tab holding one of the two name lists of 256 slots: its view in a frame, the count line
 // with the command buttons beside it, and the pop-up menu of the view. The subclasses add
-// their buttons and menu entries and say which list they show.
-class NameListTab : public QWidget
+// their buttons and menu entries and say which list they show. The widgets are made when the
+// tab is first shown or a command needs them, and show the list as it stands then.
+class NameListTab : public LazyPage
 {
     Q_OBJECT
 public:
-    // All 256 rows anew from the list.
+    // All 256 rows anew from the list (once the view exists).
     void FillView();
     // The count line of the slots in use and free.
     void ShowCount();
@@ -62,6 +64,10 @@ public:
 
 protected:
     NameListTab(Session &session, const NameListTabLayout &layout);
+
+    void BuildPage() override;
+    // The subclass's buttons and pop-up entries, made with the rest of the widgets.
+    virtual void BuildCommands() = 0;
 
     // What the list gives to a row and the count line, and whether it has unsaved changes.
     QString NameText(int slot) const;
@@ -86,6 +92,9 @@ protected:
     Session &session;
 
 private:
+    const NameListTabLayout design;
     const int kind;
+    // The lists have been loaded and their views asked to fill.
+    bool listsLoaded = false;
     FlowLayout *bottom = nullptr;
 };

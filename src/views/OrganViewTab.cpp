@@ -142,7 +142,39 @@ private:
 
 } // namespace
 
+// Keeps a build's nodes and status line for a tree that does not exist yet. A build clears
+// what came before it; one that stopped on a fault leaves the nodes made so far and the
+// line as it was, as it would in the tree.
+class RecordingSink : public OrganTreeSink
+{
+public:
+    explicit RecordingSink(OrganViewTab::Recorded &r) : r(r) {}
+    void Clear() override
+    {
+        r.cleared = true;
+        r.nodes.clear();
+    }
+    int AddNode(int parent, const QString &key, const QString &text, const QString &image) override
+    {
+        r.nodes.push_back({parent, key, text, image});
+        return int(r.nodes.size()) - 1;
+    }
+    void SetStatusText(const QString &text) override
+    {
+        r.hasStatus = true;
+        r.status = text;
+    }
+
+private:
+    OrganViewTab::Recorded &r;
+};
+
 OrganViewTab::OrganViewTab(Session &s, HelixbenchForm &w) : session(s), mainWindow(w), builder(s)
+{
+    connect(&session, &Session::ViewsRefreshRequested, this, [this] { BuildOrganTree(); });
+}
+
+void OrganViewTab::BuildPage()
 {
     for (const QString &name : {OrganLayout::OrganImage, OrganLayout::EmitterImage, OrganLayout::ReactionImage,
                                 OrganLayout::ReceptorImage, OrganLayout::InformationImage}) {
@@ -181,16 +213,37 @@ OrganViewTab::OrganViewTab(Session &s, HelixbenchForm &w) : session(s), mainWind
     connect(EditFromOrganButton, &QPushButton::clicked, this, [this] { EditFromOrganCommand(); });
     connect(OrganTreeView, &QTreeWidget::itemDoubleClicked, this,
             [this](QTreeWidgetItem *item, int) { OnDoubleClick(item); });
-    connect(&session, &Session::ViewsRefreshRequested, this, [this] { BuildOrganTree(); });
+
+    // A build made before the tree existed goes in as that build would have put it.
+    if (recorded.cleared || recorded.hasStatus)
+        IntoTree([this](OrganTreeSink &sink) {
+            if (recorded.cleared)
+                sink.Clear();
+            for (const Recorded::Node &n : recorded.nodes)
+                sink.AddNode(n.parent, n.key, n.text, n.image);
+            if (recorded.hasStatus)
+                sink.SetStatusText(recorded.status);
+            return true;
+        });
+    recorded = Recorded();
 }
 
 bool OrganViewTab::BuildOrganTree()
 {
     if (session.GeneCount == 0 || builder.OrganTreeBusy)
         return false;
+    if (!IsBuilt()) {
+        RecordingSink sink(recorded);
+        return builder.BuildOrganTree(sink);
+    }
+    return IntoTree([this](OrganTreeSink &sink) { return builder.BuildOrganTree(sink); });
+}
+
+bool OrganViewTab::IntoTree(const std::function<bool(OrganTreeSink &)> &build)
+{
     TreeSink sink(*OrganTreeView, *OrganStatusLabel, GeneralImageList);
     OrganTreeView->setUpdatesEnabled(false);
-    const bool built = builder.BuildOrganTree(sink);
+    const bool built = build(sink);
     sink.Attach();
     if (sink.statistics)
         sink.statistics->setExpanded(true);

@@ -1,9 +1,11 @@
 #pragma once
 #include "core/OrganLayout.h"
+#include "widgets/LazyPage.h"
 
 #include <QHash>
 #include <QIcon>
-#include <QWidget>
+#include <functional>
+#include <vector>
 
 class Session;
 class HelixbenchForm;
@@ -14,8 +16,9 @@ class QTreeWidgetItem;
 
 // The Organ View tab: which receptors, emitters and reactions belong to which organ, as a
 // tree with statistics under it. The tree is rebuilt by RefreshViews and, when the genome
-// has changed since, on entering the tab.
-class OrganViewTab : public QWidget
+// has changed since, on entering the tab. Its widgets are made when the tab is first shown; a
+// build before that keeps its nodes aside and puts them into the tree then.
+class OrganViewTab : public LazyPage
 {
     Q_OBJECT
 public:
@@ -44,7 +47,28 @@ public:
 
     const OrganTreeBuilder &Builder() const { return builder; }
 
+protected:
+    void BuildPage() override;
+
 private:
+    // What a build of the tree did, kept while the tree does not exist yet.
+    struct Recorded
+    {
+        struct Node
+        {
+            int parent;
+            QString key, text, image;
+        };
+        bool cleared = false;
+        std::vector<Node> nodes;
+        bool hasStatus = false;
+        QString status;
+    };
+    friend class RecordingSink;
+    // Runs build against the tree and its status line, with the nodes put in as one batch.
+    bool IntoTree(const std::function<bool(OrganTreeSink &)> &build);
+    Recorded recorded;
+
     Session &session;
     HelixbenchForm &mainWindow;
     OrganTreeBuilder builder;

@@ -20,7 +20,9 @@ NameListTabLayout PoseLayout()
 }
 } // namespace
 
-PoseTab::PoseTab(Session &s) : NameListTab(s, PoseLayout())
+PoseTab::PoseTab(Session &s) : NameListTab(s, PoseLayout()) {}
+
+void PoseTab::BuildCommands()
 {
     AddButton("DeletePoseCommand", QStringLiteral("&Delete"), [this] { DeletePose(); });
     AddButton("RenamePoseCommand", QStringLiteral("&Rename"), [this] { RenamePose(); });

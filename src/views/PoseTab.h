@@ -12,4 +12,7 @@ public:
     void DeletePose();
     void RenamePose();
     void CaptionPose();
+
+protected:
+    void BuildCommands() override;
 };

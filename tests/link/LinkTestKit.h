@@ -19,6 +19,7 @@ struct Bench
     explicit Bench(ScriptedPrompt &prompt)
         : session(new Session(prompt)), form(new HelixbenchForm(*session)), tab(form->findChild<ExportTab *>())
     {
+        form->BuildAllTabs();
         session->Tables.Build();
         std::fill_n(session->Lists.ScriptNames.begin(), ExportTab::ScriptSlots, ExportTab::EmptySlot);
         emit session->ExportViewsMustFill();

@@ -96,6 +96,7 @@ private slots:
     {
         FreshSession(sandbox, prompt, session);
         form.reset(new HelixbenchForm(*session));
+        form->BuildAllTabs();
         Lists().SetChemicalDefaults();
         Name(10, "Glucose", "sugar");
         Name(20, "Starch", "store");

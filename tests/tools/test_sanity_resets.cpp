@@ -41,6 +41,7 @@ private slots:
     {
         FreshSession(sandbox, prompt, session);
         form.reset(new HelixbenchForm(*session));
+        form->BuildAllTabs();
     }
 
     void cleanup()

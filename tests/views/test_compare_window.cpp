@@ -51,6 +51,7 @@ private slots:
         s()->Lists.ChemicalNames[5] = QStringLiteral("Glucose");
         s()->LastGenomeDirectory = kit.sandbox->path() + QLatin1Char('/');
         form.reset(new HelixbenchForm(*s()));
+        form->BuildAllTabs();
     }
     void cleanup()
     {

@@ -60,6 +60,7 @@ private slots:
     {
         FreshSession(sandbox, prompt, session);
         form.reset(new HelixbenchForm(*session));
+        form->BuildAllTabs();
         form->show();
         QVERIFY(QTest::qWaitForWindowExposed(form.get()));
         session->Lists.SetChemicalDefaults();

@@ -64,6 +64,7 @@ private slots:
         session->Tables.Build();
         SummaryTestKit::SetTemplate(*session);
         form.reset(new HelixbenchForm(*session));
+        form->BuildAllTabs();
     }
 
     void cleanup() { QVERIFY(prompt.AllAnswered()); }
