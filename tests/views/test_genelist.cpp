@@ -169,6 +169,19 @@ private slots:
         QVERIFY(!dialog->isVisible());
     }
 
+    // Create opens the new gene's editor and leaves the dialog in front of it, ready for the next.
+    void newGeneDialogStaysInFront()
+    {
+        Genome(2);
+        Click("NewGeneCommand");
+        auto *dialog = form->findChild<NewGeneForm *>(QStringLiteral("NewGeneForm"));
+        kit.prompt.AnswerInput(QStringLiteral("lobe"));
+        dialog->btnCreateGene->click();
+        QVERIFY(s()->GeneCount == 3 && s()->GeneAt(2)->IsOpen);
+        QTRY_COMPARE(QApplication::activeWindow(), dialog);
+        dialog->close();
+    }
+
     void popUpDefaultOpens()
     {
         Genome(3);
