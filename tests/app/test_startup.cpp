@@ -1,14 +1,14 @@
 // Start-up and quit of the main window: the order of start-up, the window's fixed texts, and
 // the questions asked before the window closes.
 #include "core/Session.h"
-#include "support/ScriptedPrompt.h"
+#include "support/ShownText.h"
 #include "support/StoredPreferences.h"
 #include "support/TestEnv.h"
-#include "settings/frmOptions.h"
 #include "views/HelixbenchForm.h"
 
 #include <QLabel>
 #include <QTabWidget>
+#include <QTreeWidget>
 #include <QtTest>
 
 namespace {
@@ -26,6 +26,13 @@ public:
         shown.append({QStringLiteral("message"), title, text, style});
         return Ok;
     }
+    void Yield() override
+    {
+        if (onYield)
+            onYield();
+        ScriptedPrompt::Yield();
+    }
+    std::function<void()> onYield;
     QWidget *window = nullptr;
     bool welcomeOverShownWindow = false;
 };
@@ -40,6 +47,7 @@ private slots:
     {
         FreshSession(sandbox, prompt, session);
         form.reset(new HelixbenchForm(*session));
+        prompt.window = form.get();
     }
 
     void cleanup()
@@ -82,7 +90,6 @@ private slots:
         };
         connect(session.get(), &Session::ListViewsMustFill, this, row);
         connect(session.get(), &Session::ExportViewsMustFill, this, row);
-        prompt.window = form.get();
         form->Startup(appDir.path());
         QVERIFY(prompt.welcomeOverShownWindow);
         row();
@@ -152,17 +159,97 @@ private slots:
         QTRY_COMPARE(form->SSTab1->size(), canvas->size());
     }
 
-    // The menu entry opens the options once; asked again, it brings the same dialog forward.
-    void advancedOptionsStandOnce()
+    // The chemical list read at start-up names the rows of the Biochemistry tab; without its
+    // file the rows keep their numbers and the user is told so, as for the pose and script lists.
+    void startupReadsTheChemicalList_data()
     {
-        auto *entry = form->findChild<QAction *>(QStringLiteral("gappaAdvancedOptions"));
-        entry->trigger();
-        entry->trigger();
-        const auto dialogs = form->findChildren<frmOptions *>();
-        QVERIFY(dialogs.size() == 1 && dialogs[0]->isVisible());
+        QTest::addColumn<bool>("file");
+        QTest::addColumn<QString>("row");
+        QTest::addColumn<QStringList>("warnings");
+        const QString missing = ShownText("Helixbench", 48, "Could not find '%1', using numeric substitutes.");
+        const QStringList others = {missing.arg("posenames.txt"),
+                                    ShownText("Helixbench", 48, "Could not find 'scriptnames.txt'--no autoscripts loaded")};
+        QTest::newRow("chemicals.txt") << true << "7|Glucose|sugar" << others;
+        QTest::newRow("no list") << false << "7|7|" << QStringList{missing.arg("chemicals.txt")} + others;
+    }
+    void startupReadsTheChemicalList()
+    {
+        QFETCH(bool, file);
+        QString names[NameLists::ListEntries], captions[NameLists::ListEntries];
+        names[7] = QStringLiteral("Glucose"), captions[7] = QStringLiteral("sugar");
+        QFile::remove(appDir.path() + "/chemicals.txt");
+        if (file)
+            QVERIFY(TestFiles::Write(appDir.path() + "/chemicals.txt", NameLists::EncodeListFile(names, captions, NameLists::ListEntries)));
+        form->Startup(appDir.path());
+        QStringList warnings;
+        for (const auto &s : prompt.shown)
+            if (s.style == 48)
+                warnings << ShownText(s);
+        QTEST(warnings, "warnings");
+        form->SSTab1->setCurrentIndex(4);
+        const auto *view = form->findChild<QTreeWidget *>(QStringLiteral("ChemicalListView"));
+        const QTreeWidgetItem *item = view ? view->topLevelItem(7) : nullptr;
+        QVERIFY(item);
+        QTEST(item->text(0) + '|' + item->text(1) + '|' + item->text(2), "row");
+    }
+
+    // Saving puts the file's name (its last 20 characters) on the first status panel; loading
+    // it puts up "Please Wait", which moves as the genes are read, one gene between turns of
+    // the event loop.
+    void saveAndLoadShowTheGenome()
+    {
+        session->NewGenome();
+        for (int i = 0; i < 3; ++i)
+            QVERIFY(session->CreateGene(1, 2, false));
+        const QString path = appDir.path() + QStringLiteral("/a_rather_long_name.gen");
+        session->LastGenomeDirectory = appDir.path() + '/';
+        prompt.AnswerSave(path);
+        form->findChild<QAction *>(QStringLiteral("gappfSaveGenomeAs"))->trigger();
+        QCOMPARE(Panel(), QStringLiteral("...rather_long_name.gen"));
+
+        QStringList turns; // at each yield: the window's title and whether it shows, genes read, progress
+        prompt.onYield = [&] {
+            turns << QStringLiteral("%1 %2 %3 %4").arg(prompt.progressTitle).arg(prompt.progressVisible)
+                         .arg(session->GeneCount).arg(prompt.progressValue);
+        };
+        prompt.AnswerMessage(Prompt::Yes).AnswerOpen(path);
+        form->findChild<QAction *>(QStringLiteral("gappfLoadGenome"))->trigger();
+        prompt.onYield = nullptr;
+        // One turn before each record (four genes, then the end mark), two once all is read;
+        // the gene list's refresh takes its own turns after these.
+        QCOMPARE(turns.mid(0, 7), QStringList({"Please Wait 1 0 0", "Please Wait 1 1 4", "Please Wait 1 2 24", "Please Wait 1 3 45",
+                                               "Please Wait 1 4 65", "Please Wait 1 4 0", "Please Wait 1 4 0"}));
+        QCOMPARE(Panel() + QString::number(session->GeneCount), QStringLiteral("...rather_long_name.gen4"));
+        QVERIFY(!prompt.progressLoaded);
+    }
+
+    // A load that is cancelled or fails leaves no genome, and the panel says so.
+    void noGenomeAfterAFailedLoad_data()
+    {
+        QTest::addColumn<QByteArray>("bytes"); // of the file chosen; empty: the dialog is cancelled
+        QTest::addColumn<QString>("error");
+        QTest::newRow("cancelled") << QByteArray() << QString();
+        QTest::newRow("not a genome") << QByteArray("GIF89a") << "This is not a Arkenfold 2 Verdant DNA file.";
+    }
+    void noGenomeAfterAFailedLoad()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, error);
+        session->NewGenome();
+        session->LastGenomeDirectory = appDir.path() + '/';
+        session->SetStatusPanel(1, QStringLiteral("Sample.gen"));
+        const QString path = appDir.path() + QStringLiteral("/chosen.gen");
+        QVERIFY(bytes.isEmpty() || TestFiles::Write(path, bytes));
+        prompt.AnswerOpen(bytes.isEmpty() ? QString() : path);
+        if (!error.isEmpty())
+            prompt.AnswerMessage(Prompt::Ok);
+        form->findChild<QAction *>(QStringLiteral("gappfLoadGenome"))->trigger();
+        QCOMPARE(prompt.MessageTexts(), error.isEmpty() ? QStringList() : QStringList{error});
+        QCOMPARE(Panel() + QString::number(session->GeneCount), QStringLiteral("No genome loaded0"));
     }
 
 private:
+    QString Panel() const { return form->findChild<QLabel *>(QStringLiteral("StatusBar_1"))->text(); }
     StartupPrompt prompt;
     QTemporaryDir appDir;
     std::unique_ptr<SettingsSandbox> sandbox;

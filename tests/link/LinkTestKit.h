@@ -17,16 +17,17 @@ namespace LinkTestKit {
 struct Bench
 {
     explicit Bench(ScriptedPrompt &prompt)
-        : session(new Session(prompt)), form(new HelixbenchForm(*session)), tab(form->findChild<ExportTab *>())
+        : session(new Session(prompt)), form(new HelixbenchForm(*session))
     {
-        form->BuildAllTabs();
+        form->SSTab1->setCurrentIndex(6);
+        tab = form->findChild<ExportTab *>();
         session->Tables.Build();
         std::fill_n(session->Lists.ScriptNames.begin(), ExportTab::ScriptSlots, ExportTab::EmptySlot);
         emit session->ExportViewsMustFill();
     }
     std::unique_ptr<Session> session;
     std::unique_ptr<HelixbenchForm> form;
-    ExportTab *tab;
+    ExportTab *tab = nullptr;
 };
 
 // The stand-in game. Start() returns once it owns its bus name; Stop() once it has let go.

@@ -8,6 +8,7 @@
 #include "tools/MapPicture.h"
 #include "tools/frmChromosomeMap.h"
 
+#include <QGroupBox>
 #include <QPushButton>
 #include <QtTest>
 
@@ -117,6 +118,20 @@ private slots:
         QTimer::singleShot(0, dialog, [&] { dialog->close(); });
         QTest::mouseClick(dialog->UpdateNowCommand, Qt::LeftButton);
         QCOMPARE(Ticks(image), 5);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(dialog.isNull());
+    }
+
+    // The map stands until Close, or until its genome goes.
+    void closeAndAbandonEndTheMap()
+    {
+        QPointer<frmChromosomeMap> dialog = OpenMap(1);
+        QCOMPARE(dialog->windowTitle() + dialog->GeneMapFrame->title(), QStringLiteral("Chromosome MapGene Map"));
+        QTest::mouseClick(dialog->CloseCommand, Qt::LeftButton);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(dialog.isNull());
+        dialog = OpenMap(0);
+        QVERIFY(dialog->isVisible() && session->AbandonGenome());
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QVERIFY(dialog.isNull());
     }

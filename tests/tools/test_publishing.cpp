@@ -94,7 +94,11 @@ private slots:
     // Chemicals 1 to 255, a row each: number, name, description, and a line feed.
     void chemicalTable()
     {
-        const QString text = frmRTFChemicalList(*session).chemRichTextBox->toPlainText();
+        QWidget owner;
+        frmRTFChemicalList *dialog = frmRTFChemicalList::Open(*session, &owner);
+        QVERIFY(dialog->isVisible() && !dialog->isModal() && frmRTFChemicalList::Open(*session, &owner) == dialog);
+        QCOMPARE(dialog->windowTitle(), QStringLiteral("RTF Chemical List"));
+        const QString text = dialog->chemRichTextBox->toPlainText();
         QVERIFY(text.startsWith("1\tCaf\u00e9\tnot in the game's file\n2\txxx") && text.endsWith("\n255\t\t\n")
                 && text.count('\n') == 255);
     }

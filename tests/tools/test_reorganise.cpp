@@ -113,8 +113,11 @@ private slots:
 
     void aPickShowsTheChemicalAndATargetIsTakenOnce()
     {
-        QCOMPARE(dialog->windowTitle(), QStringLiteral("Reorganise Chemical Order"));
-        QCOMPARE(dialog->ReorganiseListView->topLevelItemCount(), 255);
+        // Before a pick: the design texts, and Change can't be pressed.
+        QCOMPARE(QStringList({dialog->windowTitle(), dialog->ChemicalNameLabel->text(), dialog->ChemicalNumberLabel->text(),
+                              dialog->WasLabel->text(), dialog->ChangeTextBox->text()}),
+                 QStringList({"Reorganise Chemical Order", "-", "0", "(none)", "(none)"}));
+        QVERIFY(!dialog->ChangeCommand->isEnabled() && dialog->ReorganiseListView->topLevelItemCount() == 255);
         QCOMPARE(Row(10)->text(0) + '|' + Row(10)->text(1) + '|' + Row(10)->text(2), QStringLiteral("Glucose|10|-"));
         Move(10, QStringLiteral("20"));
         QCOMPARE(dialog->ChemicalNameLabel->text() + '|' + dialog->ChemicalNumberLabel->text(), QStringLiteral("Glucose|(number 10)"));

@@ -3,7 +3,7 @@
 // genotype lists and labels.
 #include "core/SummaryTestKit.h"
 #include "core/genes/BrainLobe.h"
-#include "support/ScriptedPrompt.h"
+#include "support/ShownText.h"
 #include "views/GenotypeTab.h"
 #include "views/HelixbenchForm.h"
 #include "views/OrganViewTab.h"
@@ -99,11 +99,12 @@ private slots:
         QList<int> opened; // the genes an editor was asked for
         session->EditorFactory = [&opened](Gene &gene) -> GeneView * { return opened << gene.Numeric_ID, nullptr; };
         MixedGenome();
-        Tree()->setCurrentItem(Node(QStringLiteral("or1"))->child(0)); // the organ's summary line has no key
-        prompt.AnswerMessage(Prompt::Ok);
+        prompt.AnswerMessage(Prompt::Ok).AnswerMessage(Prompt::Ok);
         form->findChild<QPushButton *>(QStringLiteral("EditFromOrganCommand"))->click();
-        QCOMPARE(prompt.Last().text + QString::number(prompt.Last().style),
-                 QStringLiteral("This is not a gene entry, cannot open edit window16"));
+        Tree()->setCurrentItem(Node(QStringLiteral("or1"))->child(0)); // the organ's summary line has no key
+        form->findChild<QPushButton *>(QStringLiteral("EditFromOrganCommand"))->click();
+        QCOMPARE(ShownText(prompt.shown[0]) + '/' + ShownText(prompt.shown[1]),
+                 QStringLiteral("Helixbench|64|No gene selected/Helixbench|16|This is not a gene entry, cannot open edit window"));
         Tree()->setCurrentItem(Node(QStringLiteral("voci1")));
         form->findChild<QPushButton *>(QStringLiteral("EditFromOrganCommand"))->click();
         QCOMPARE(opened, QList<int>{2});
