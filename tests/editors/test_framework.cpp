@@ -136,7 +136,11 @@ private slots:
         QSignalSpy rows(s(), &Session::GeneRowChanged);
         SwitchOn(a)->setCurrentIndex(5);
         SwitchOn(c)->setCurrentIndex(1);
+        QPointer<GeneEditor> shown = EditorOf(a);
         s()->CloseAllViews();
+        QVERIFY(shown && !shown->isVisible()); // off the screen at once, not when it is deleted
+        FlushDeletes();
+        QVERIFY(!shown); // and then gone, not kept hidden
         QCOMPARE(QList<int>({a->SwitchOn, b->SwitchOn, c->SwitchOn}), QList<int>({5, 2, 1}));
         QCOMPARE(rows.count(), 2);
         QCOMPARE(s()->MainTitle, QStringLiteral("Helixbench (no windows open)"));
@@ -149,7 +153,9 @@ private slots:
         const int step = Placement::TwipsToPixels(240, kit.mainWindow.get());
         for (int n = 2; n < 4; ++n) { // the corner as it stands when the editor is placed
             const QPoint corner = kit.mainWindow->frameGeometry().topLeft();
-            QCOMPARE(kit.Open(Add(2, 6))->pos(), corner + QPoint(step, step) * n);
+            GeneEditor *e = kit.Open(Add(2, 6));
+            QCOMPARE(e->pos(), corner + QPoint(step, step) * n);
+            QVERIFY(!e->findChild<QScrollArea *>()); // it fits the screen: no scrolling
         }
     }
 
