@@ -1,6 +1,6 @@
-// The brain lobe editor: rank and info text, filling and reading back every field with the
-// time sliders' rounding, the rate boxes, the linked attachment sliders, number boxes and the
-// rule buttons that write into the gene at once.
+// The brain lobe editor: rank and info text, what its tabs and frames read, filling and
+// reading back every field with the time sliders' rounding, the options, the rate boxes, the
+// linked attachment sliders, number boxes and the rule buttons that write into the gene at once.
 #include "EditorTestKit.h"
 #include "core/genes/BrainLobe.h"
 #include "editors/frmBrainLobe.h"
@@ -32,6 +32,28 @@ class TestBrainLobe : public QObject
         Child<QPushButton>(e, QLatin1String(button))->click();
         QVERIFY(seen);
     }
+    // The rows of the frame of that title on a page, as the user reads them: each cell a
+    // caption's text or a control's name, "|" between cells, "/" between rows.
+    static QString Rows(QWidget *page, const QString &title)
+    {
+        for (auto *frame : page->findChildren<QGroupBox *>()) {
+            auto *grid = qobject_cast<QGridLayout *>(frame->layout());
+            if (frame->title() != title || !grid)
+                continue;
+            QStringList rows;
+            for (int r = 0; r < grid->rowCount(); ++r) {
+                QStringList cells;
+                for (int c = 0; c < grid->columnCount(); ++c) {
+                    QWidget *w = grid->itemAtPosition(r, c) ? grid->itemAtPosition(r, c)->widget() : nullptr;
+                    auto *caption = qobject_cast<QLabel *>(w);
+                    cells << (caption && caption->objectName().isEmpty() ? caption->text() : w ? w->objectName() : QString());
+                }
+                rows << cells.join('|');
+            }
+            return rows.join('/');
+        }
+        return QStringLiteral("no frame ") + title;
+    }
 
 private slots:
     void init() { kit.Init(); }
@@ -53,6 +75,31 @@ private slots:
         auto *source = Child<QComboBox>(kit.Open(lobes[8]), "lstSource_1");
         QCOMPARE(QString::number(source->count()) + source->itemText(7) + "|" + source->itemText(8) + "|" + source->itemText(15),
                  QStringLiteral("16Attention/Seek o/ps|Lobe 8|Lobe 15"));
+    }
+
+    // The tabs in order, each rule button on its inner tab, and the captions beside the controls.
+    void whatTheTabsRead()
+    {
+        auto *e = kit.Open<frmBrainLobe>(AddLobe());
+        QStringList tabs;
+        for (QTabWidget *set : {e->SSTab1, e->SSTab2, e->SSTab3})
+            for (int t = 0; t < set->count(); ++t)
+                tabs << set->tabText(t) + (set->currentIndex() == t ? "*" : "");
+        QCOMPARE(tabs, QStringList({"General*", "Cell Body", "D0 growth", "D0 Dynamics", "D1 growth", "D1 dynamics",
+                                    "Sus/Rein*", "BP/FP", "Sus/Rein*", "BP/FP"}));
+        QVERIFY(e->SSTab3->widget(1)->isAncestorOf(e->btnBPRule[1]) && e->SSTab3->widget(1)->isAncestorOf(e->btnFPFule[1]));
+        QVERIFY(e->SSTab2->widget(0)->isAncestorOf(e->btnSusRule[0]) && e->SSTab2->widget(0)->isAncestorOf(e->lblReinforceRule[0]));
+        QCOMPARE(Rows(e->SSTab1->widget(1), "Cell Body Dynamics"),
+                 QStringLiteral("Nominal Threshold|scrThreshold/Leakage rate|scrLeakage/Rest State|scrRestState/"
+                                "Input gain lo-hi|scrAttenuation"));
+        QCOMPARE(Rows(e->SSTab1->widget(4), "Dendrite Properties"),
+                 QStringLiteral("Minimum #|txtMin_1|/Maximum #|txtMax_1|/Spread|lstSpread_1|"));
+        QCOMPARE(Rows(e->SSTab1->widget(5), "Atrophy and Consolidation"),
+                 QStringLiteral("Relax Susceptibility|Slow|scrRelaxSus_1|Fast/Relax STW||scrRelaxSTW_1|/"
+                                "chkLTWRate_1||scrLTWRate_1|"));
+        QCOMPARE(Rows(e->SSTab1->widget(3), "Strength Adjustment"),
+                 QStringLiteral("chkGainStrength_0|scrGainStrength_0|/btnGainStrengthRule_0|lblGainStrengthRule_0| >0/"
+                                "chkLoseStrength_0|scrLoseStrength_0|/btnLoseStrengthRule_0|lblLoseStrengthRule_0| >0"));
     }
 
     // Time sliders (Leakage, RelaxSus, RelaxSTW) show a byte in eighths, rounded half to even,
@@ -88,6 +135,38 @@ private slots:
         for (quint8 *f : fields(*g))
             got << *f;
         QCOMPARE(got, values);
+    }
+
+    // The option of the stored value shows (none for a value beyond the options: the first
+    // stays) and each option stores its index: Perceptible and dendrite 1's Migration.
+    void options_data()
+    {
+        QTest::addColumn<int>("stored");
+        QTest::addColumn<int>("shown");
+        QTest::addColumn<int>("picked"); // -1 for none
+        QTest::newRow("0, Mutually exclusive picked") << 0 << 0 << 2;
+        QTest::newRow("1, No picked") << 1 << 1 << 0;
+        QTest::newRow("2, Yes picked") << 2 << 2 << 1;
+        QTest::newRow("7, kept as shown") << 7 << 0 << -1;
+    }
+    void options()
+    {
+        QFETCH(int, stored);
+        QFETCH(int, shown);
+        QFETCH(int, picked);
+        clsBrainLobe *g = AddLobe();
+        g->Perceptible = g->Migration[1] = quint8(stored);
+        auto *e = kit.Open<frmBrainLobe>(g);
+        const QList<QRadioButton *> groups[2] = {{e->optPerceptible[0], e->optPerceptible[1], e->optPerceptible[2]},
+                                                 {e->optMig0[1], e->optMig1[1], e->optMig2[1]}};
+        for (const QList<QRadioButton *> &group : groups) {
+            QCOMPARE(QList<bool>({group[0]->isChecked(), group[1]->isChecked(), group[2]->isChecked()}),
+                     QList<bool>({shown == 0, shown == 1, shown == 2}));
+            if (picked >= 0)
+                group[picked]->click();
+        }
+        e->btnOk->click();
+        QCOMPARE(QList<int>({g->Perceptible, g->Migration[1]}), QList<int>(2, picked >= 0 ? picked : shown));
     }
 
     void rateBoxes()
@@ -146,8 +225,9 @@ private slots:
     {
         clsBrainLobe *g = AddLobe();
         g->GainStrength[1] = 5; // a rate of 0 would disable the gain rule's button
-        g->StateRule = Rule{10, 0, 7}, g->BPRule2 = Rule{200, 41};
+        g->StateRule = Rule{5, 31, 2, 0, 9}, g->BPRule2 = Rule{200, 41};
         auto *e = kit.Open<frmBrainLobe>(g);
+        QCOMPARE(e->lblStateRule->text(), QStringLiteral("chem 0:PLUS:1:"));
         QCOMPARE(e->lblBPRule[1]->text(), QStringLiteral("E!(200): <ERROR>:"));
         QCOMPARE(e->lblGainStrengthRule[1]->text(), QStringLiteral("<undefined>"));
 
@@ -163,7 +243,7 @@ private slots:
         e->btnCancel->click();
         kit.Open(g)->btnOk->click();
         QCOMPARE(QList<StateRule>({g->GainStrengthRule2, g->StateRule, g->BPRule2}),
-                 QList<StateRule>({Rule{5, 31, 2}, Rule{10, 0, 7}, Rule{200, 41}}));
+                 QList<StateRule>({Rule{5, 31, 2}, Rule{5, 31, 2, 0, 9}, Rule{200, 41}}));
     }
 };
 

@@ -119,12 +119,6 @@ private slots:
         e->lstTissue->setCurrentIndex(0); // the one tissue, picked again
         e->Place->TissueClick();          // and its handler run regardless
         QCOMPARE(Shown(e), QStringLiteral("2:Current Organ|0:<no tissue>|2:Injury|00"));
-
-        // The gene's side calls the organ's handler by name: it refills even without a change.
-        e->lstOrgan->setCurrentIndex(1);
-        e->lstTissue->setCurrentIndex(4);
-        e->lstOrgan_Click();
-        QCOMPARE(Shown(e), QStringLiteral("1:Creature|0:Somatic|0:become a child|00"));
     }
 
     // The chemical and each slider show their own field and go back into it, with a read-out.

@@ -36,8 +36,6 @@ private slots:
             QCOMPARE(QString::number(c->count()) + c->itemText(22) + c->itemText(25) + c->itemText(41),
                      QStringLiteral("4232chem 4<ERROR>"));
         }
-        d.show();
-        QVERIFY(d.lstSR[0]->geometry().bottom() < d.lstSR[6]->geometry().top()); // line 1 above line 2
 
         d.SetValue(Rule{0, 7, 200, 41, 255});
         d.lstSR[0]->setCurrentIndex(3);

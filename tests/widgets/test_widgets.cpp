@@ -1,0 +1,147 @@
+// The widgets every window shares, as the user meets them: the progress window, the message
+// and input boxes (icon, buttons, the code each way out gives), and the modeless dialogs that
+// stand once.
+#include "widgets/ProcessingForm.h"
+#include "widgets/QtPrompt.h"
+#include "widgets/SingleDialog.h"
+
+#include <QtTest>
+#include <QtWidgets>
+
+namespace {
+// Once the event loop runs inside the box's exec, hands the modal box to act.
+template <typename Box, typename F> void WhenShown(F act)
+{
+    QTimer::singleShot(0, [act] {
+        if (auto *box = qobject_cast<Box *>(QApplication::activeModalWidget()))
+            act(box);
+    });
+}
+} // namespace
+
+class TestWidgets : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    // Loaded it stands hidden, centred, titled; shown it is not modal and has nothing to press;
+    // values that come faster than it can draw end with the latest on the bar.
+    void progressWindow()
+    {
+        ProcessingForm bare;
+        QCOMPARE(bare.windowTitle() + "|" + bare.StatusLabel->text(), QStringLiteral("Please Wait|Thinking ..."));
+
+        QWidget mainWindow;
+        mainWindow.show();
+        QtPrompt prompt;
+        prompt.SetParentWindow(&mainWindow);
+        prompt.ProgressLoad(QStringLiteral("Building Chromosome Map"));
+        prompt.ProgressLoad(QStringLiteral("Updating organ layout...")); // the first one goes
+        QList<ProcessingForm *> forms = mainWindow.findChildren<ProcessingForm *>();
+        QCOMPARE(forms.size(), 1);
+        ProcessingForm *form = forms[0];
+        QVERIFY(!prompt.ProgressVisible());
+        QCOMPARE(form->windowTitle(), QStringLiteral("Updating organ layout..."));
+        QCOMPARE(form->ProgressBar->value(), 0);
+        prompt.ProgressShow();
+        QVERIFY(QTest::qWaitForWindowExposed(form));
+        QVERIFY(prompt.ProgressVisible() && !form->isModal());
+        QVERIFY(form->findChildren<QAbstractButton *>().isEmpty());
+        const QRect area = form->screen()->availableGeometry(), at = form->frameGeometry();
+        QVERIFY(area.contains(at));
+        QVERIFY(qAbs(at.center().x() - area.center().x()) <= 2 && qAbs(at.center().y() - area.center().y()) <= 2);
+
+        prompt.ProgressSetValue(10);
+        QCOMPARE(form->ProgressBar->value(), 10); // the first value shows at once
+        prompt.ProgressSetValue(20);
+        prompt.ProgressSetValue(150); // held to 100
+        QTRY_COMPARE(form->ProgressBar->value(), 100);
+        QTest::qWait(40);
+        prompt.ProgressSetValue(-5); // a frame later: at once
+        QCOMPARE(form->ProgressBar->value(), 0);
+        prompt.ProgressSetStatus(QStringLiteral("Working on gene 3 of 9"));
+        QCOMPARE(form->StatusLabel->text(), QStringLiteral("Working on gene 3 of 9"));
+
+        prompt.ProgressUnload();
+        QVERIFY(mainWindow.findChildren<ProcessingForm *>().isEmpty() && !prompt.ProgressVisible());
+        prompt.ProgressSetValue(50); // nothing to update: no harm
+    }
+
+    // style: button set + icon; key: what the user presses; shown: the icon, the buttons and
+    // the default one; code: what the prompt gives back.
+    void messageBox_data()
+    {
+        using B = QMessageBox;
+        QTest::addColumn<int>("style");
+        QTest::addColumn<int>("key");
+        QTest::addColumn<int>("icon");
+        QTest::addColumn<int>("buttons");
+        QTest::addColumn<int>("code");
+        QTest::newRow("16 critical, Enter") << 16 << int(Qt::Key_Return) << int(B::Critical) << int(B::Ok) << 1;
+        QTest::newRow("48 exclamation, Escape") << 48 << int(Qt::Key_Escape) << int(B::Warning) << int(B::Ok) << 1;
+        QTest::newRow("64 information") << 64 << int(Qt::Key_Return) << int(B::Information) << int(B::Ok) << 1;
+        QTest::newRow("35 question, Enter is Yes") << 35 << int(Qt::Key_Return) << int(B::Question)
+                                                   << int(B::Yes | B::No | B::Cancel) << 6;
+        QTest::newRow("35, Escape cancels") << 35 << int(Qt::Key_Escape) << int(B::Question) << int(B::Yes | B::No | B::Cancel) << 2;
+        QTest::newRow("4 no icon, Escape is No") << 4 << int(Qt::Key_Escape) << int(B::NoIcon) << int(B::Yes | B::No) << 7;
+    }
+    void messageBox()
+    {
+        QFETCH(int, key);
+        QFETCH(int, style);
+        QString seen;
+        int icon = -1, buttons = -1;
+        WhenShown<QMessageBox>([&](QMessageBox *box) {
+            seen = box->windowTitle() + "|" + box->text();
+            icon = box->icon(), buttons = box->standardButtons();
+            if (box->defaultButton())
+                seen += "|default " + box->defaultButton()->text();
+            QTest::keyClick(box, Qt::Key(key));
+        });
+        QtPrompt prompt;
+        QTEST(prompt.Message(QStringLiteral("Now we're pickled"), QStringLiteral("one\r\ntwo\n\rthree"), style), "code");
+        const QString yes = buttons & QMessageBox::Yes ? "|default &Yes" : "";
+        QCOMPARE(seen, "Now we're pickled|one\ntwo\nthree" + yes);
+        QTEST(icon, "icon");
+        QTEST(buttons, "buttons");
+    }
+
+    // Ok gives the text in the box, Cancel the empty text whatever the box holds.
+    void inputBox()
+    {
+        QtPrompt prompt;
+        QStringList got;
+        for (bool ok : {true, false}) {
+            QString shown;
+            WhenShown<QInputDialog>([&, ok](QInputDialog *box) {
+                shown = box->windowTitle() + "|" + box->labelText() + "|" + box->textValue();
+                box->setTextValue(QStringLiteral("Starch"));
+                ok ? box->accept() : box->reject();
+            });
+            got << prompt.InputBox(QStringLiteral("Name Chemical"), QStringLiteral("Name:"), QStringLiteral("old")) << shown;
+        }
+        QCOMPARE(got, QStringList({"Starch", "Name Chemical|Name:|old", "", "Name Chemical|Name:|old"}));
+    }
+
+    // A second call shows the dialog that is open and makes none; once it is closed (and so
+    // gone) the next call makes a new one.
+    void singleDialog()
+    {
+        QWidget owner;
+        owner.show();
+        int made = 0;
+        auto make = [&] { ++made; return new QDialog(&owner); };
+        QPointer<QDialog> first = SingleDialog::Show<QDialog>(&owner, make);
+        first->hide();
+        QCOMPARE(SingleDialog::Show<QDialog>(&owner, make), first.data());
+        QVERIFY(first->isVisible());
+        first->close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(!first);
+        QVERIFY(SingleDialog::Show<QDialog>(&owner, make));
+        QCOMPARE(made, 2);
+    }
+};
+
+QTEST_MAIN(TestWidgets)
+#include "test_widgets.moc"
