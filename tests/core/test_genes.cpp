@@ -182,7 +182,10 @@ private slots:
         prompt.AnswerMessage(Prompt::Yes);
         QVERIFY(Decode(Header(0, 0, 1, true) + lobe(8) + Header(2, 2, 1, true) + Hex("0319") + Header(2, 6, 1, true)
                        + Hex("0280") + "gend"));
-        QCOMPARE(prompt.Last().title, QStringLiteral("Compatibility Mode Warning"));
+        QCOMPARE(ShownText(prompt.Last()),
+                 ShownText("Compatibility Mode Warning", 4, "WARNING. Arkenfold 1 compatibility mode is enabled.\r\nThis will "
+                           "allow you to load a Arkenfold 1 genome into\r\nthis application. This WILL CAUSE problems should "
+                           "you\r\nwish to inject this genome into Arkenfold 2. Are you\r\nreally sure you want to do this?"));
         QVERIFY(!At<clsBrainLobe>(0)->BPRule1 && !At<clsBrainLobe>(0)->FPRule2);
 
         // Writing uses the current format, tells once, and ends the mode for the session.
