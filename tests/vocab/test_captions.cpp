@@ -132,6 +132,9 @@ private slots:
         QVERIFY(TestFiles::Write(Path("pet.gno"), file));
         cs.LoadUniqueCaptions(Path("pet.gen"));
         QCOMPARE(SingleByteText::Encode(Caption()), all);
+        // The bytes are Windows-1252 text; a character that code page lacks is written as '?'.
+        QCOMPARE(Caption().mid(0x80, 1) + Caption().mid(0xE9, 1) + Caption().mid(0x9F, 1), QStringLiteral("\u20ac\u00e9\u0178"));
+        QCOMPARE(SingleByteText::Encode(QStringLiteral("a\u4e2db")), QByteArray("a?b"));
         QCOMPARE(cs.GetCaption(1, 4, 2), QStringLiteral("<no caption>")); // behind the count
         // Written over an older, longer file, which keeps its tail; the reader ignores that tail.
         // A longer annotation is cut to what its length field holds.
@@ -209,8 +212,7 @@ private slots:
         prompt.AnswerMessage(Prompt::Ok).AnswerMessage(Prompt::Ok);
         Store().SaveUniqueCaptions(Path("missing/pet.gen"));
         Store().SaveDefaultCaptions();
-        QVERIFY(prompt.shown[0].text.startsWith("Error saving caption file " + Path("missing/pet.gno")
-                                                + "\n\rDescription: Error ID"));
+        QCOMPARE(prompt.shown[0].text, FaultText("Error saving caption file " + Path("missing/pet.gno"), 75, "Path/File access error"));
         QCOMPARE(prompt.Last().text, FaultText("Error saving caption file ", 52, "Bad file name or number"));
     }
 
@@ -240,6 +242,13 @@ private slots:
         load(Le16(3) + whole.mid(2));
         QCOMPARE(prompt.Last().text, FaultText(context, 13, "Type mismatch"));
         QCOMPARE(cs.GetCaption(9, 9, 9) + cs.RecordAt(0).Caption, QStringLiteral("<no caption>"));
+
+        // A file that cannot be opened (a folder of that name) is reported as such.
+        QVERIFY(QFile::remove(Path("pet.gno")) && QDir().mkpath(Path("pet.gno")));
+        prompt.AnswerMessage(Prompt::Ok);
+        cs.LoadUniqueCaptions(Path("pet.gen"));
+        QCOMPARE(prompt.Last().text, FaultText(context, 75, "Path/File access error"));
+        QVERIFY(QDir().rmdir(Path("pet.gno")));
 
         // A count above 1798 is corrected, not refused.
         load(Le16(2) + Le16(10000) + whole.mid(4), false);

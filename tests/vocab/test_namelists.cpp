@@ -147,6 +147,20 @@ private slots:
         QVERIFY(session->Lists.ChemicalsChanged);
     }
 
+    // Deleting a named pose asks first; only Yes frees the slot, its name and description.
+    void deletingAPoseAsksFirst()
+    {
+        Lists().SetPoseDefaults();
+        Lists().PoseNames[7] = QStringLiteral("Sit");
+        Lists().PoseCaptions[7] = QStringLiteral("on the floor");
+        prompt.AnswerMessage(Prompt::No).AnswerMessage(Prompt::Yes);
+        QVERIFY(!Lists().DeletePose(7) && !Lists().PosesChanged);
+        QCOMPARE(Lists().PoseNames[7] + Lists().PoseCaptions[7], QStringLiteral("Siton the floor"));
+        QVERIFY(Lists().DeletePose(7));
+        QCOMPARE(prompt.Last().text + QString::number(prompt.Last().style), QStringLiteral("Are you sure you wish to delete 'Sit'?35"));
+        QVERIFY(Lists().PoseNames[7] == QStringLiteral("7") && Lists().PoseCaptions[7].isEmpty() && Lists().PosesChanged);
+    }
+
     void chemicalZeroIsProtectedAndAFailedSaveKeepsTheFlag()
     {
         Lists().SetChemicalDefaults();
