@@ -69,14 +69,20 @@ bool ReadFront(const QString &path, qint64 maxBytes, QByteArray &bytes, FileFaul
         fault = FileFault::Of(file, path);
         return false;
     }
-    // Read in pieces: a single read of the limit would reserve all of it (some 34 MB for a
-    // chemical list) whatever the file's size.
+    // Read in pieces straight into bytes: a single read of the limit would reserve all of it
+    // (some 34 MB for a chemical list) whatever the file's size. The first piece is as long as
+    // the file says it is, so a small file costs one read and one more that finds its end.
     bytes.clear();
+    qint64 piece = qBound(qint64(4096), file.size(), qint64(64 * 1024));
     while (bytes.size() < maxBytes) {
-        const QByteArray piece = file.read(qMin<qint64>(64 * 1024, maxBytes - bytes.size()));
-        if (piece.isEmpty())
+        const qint64 want = qMin<qint64>(piece, maxBytes - bytes.size());
+        const qsizetype start = bytes.size();
+        bytes.resize(start + qsizetype(want));
+        const qint64 got = file.read(bytes.data() + start, want);
+        bytes.resize(start + qsizetype(qMax<qint64>(got, 0)));
+        if (got <= 0)
             break;
-        bytes += piece;
+        piece = 64 * 1024;
     }
     if (file.error() != QFileDevice::NoError) {
         fault = FileFault::Of(file, path);
