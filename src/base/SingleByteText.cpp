@@ -97,4 +97,6 @@ void Append(QByteArray &out, QStringView text)
     ToBytes(text.data(), text.size(), out.data() + start);
 }
 
+void EncodeInto(QStringView text, char *to) { ToBytes(text.data(), text.size(), to); }
+
 } // namespace SingleByteText

@@ -10,6 +10,8 @@
 namespace SingleByteText {
 QString Decode(QByteArrayView bytes);
 QByteArray Encode(QStringView text);
-// Appends the bytes of text to out: the same bytes as Encode, without a buffer of their own.
+// The same bytes as Encode, without a buffer of their own: appended to out, or written to
+// the text.size() bytes at to.
 void Append(QByteArray &out, QStringView text);
+void EncodeInto(QStringView text, char *to);
 }

@@ -59,6 +59,18 @@ public:
         return b;
     }
 
+    // A text field of count bytes; straight from the buffer when it holds them all.
+    QString Text(int count)
+    {
+        if (count > 0 && Ok() && end - pos >= count) {
+            const QString text = SingleByteText::Decode(QByteArrayView(buffer.constData() + pos, count));
+            pos += count;
+            return text;
+        }
+        const QByteArray bytes = Bytes(count);
+        return bytes.isEmpty() ? QString() : SingleByteText::Decode(bytes);
+    }
+
     // Skips the empty records (12 zero bytes each) at the front, at most `most` of them, and
     // gives how many it skipped. Never a fault: a record cut short is left to the field reads.
     int SkipEmptyRecords(int most)
@@ -129,16 +141,16 @@ void PutU16(char *&out, quint16 v)
     *out++ = char(v >> 8);
 }
 
-// A text field: its byte length, then its bytes. The length field holds at most 65535, so
-// a longer text is cut there rather than spoil every field behind it (a character is a byte).
-void PutText(QByteArray &out, const QString &text)
+// The length field holds at most 65535, so a longer text is cut there rather than spoil every
+// field behind it (a character is a byte).
+QStringView KeptText(const QString &text) { return QStringView(text).left(CaptionStore::MaxTextBytes); }
+
+// A text field: its byte length, then its bytes.
+void PutText(char *&out, QStringView text)
 {
-    const QStringView kept = QStringView(text).left(CaptionStore::MaxTextBytes);
-    char length[2];
-    char *at = length;
-    PutU16(at, quint16(kept.size()));
-    out.append(length, 2);
-    SingleByteText::Append(out, kept);
+    PutU16(out, quint16(text.size()));
+    SingleByteText::EncodeInto(text, out);
+    out += text.size();
 }
 
 } // namespace
@@ -262,17 +274,12 @@ FileFault CaptionStore::Read(QIODevice &in)
         rec.GeneSubType = r.S16();
         rec.ID = r.S16();
         r.U16(); // reserved
-        const QByteArray caption = r.Bytes(r.U16());
-        const QByteArray annotation = r.Bytes(r.U16());
+        rec.Caption = r.Text(r.U16());
+        rec.Annotation = r.Text(r.U16());
         if (!r.Ok()) {
             CaptionCount = qint16(qMin(int(wanted), i));
             return r.fault;
         }
-        // Most records are empty: skip the converter for them.
-        if (!caption.isEmpty())
-            rec.Caption = SingleByteText::Decode(caption);
-        if (!annotation.isEmpty())
-            rec.Annotation = SingleByteText::Decode(annotation);
         table[i] = rec;
         filled = i + 1;
     }
@@ -330,26 +337,24 @@ void CaptionStore::LoadUniqueCaptions(const QString &genomeFile)
 
 QByteArray CaptionStore::FileBytes() const
 {
-    QByteArray out;
-    out.reserve(4 + Records * RecordHead);
-    char head[RecordHead];
-    char *at = head;
+    // The slots behind those ever filled hold empty records: they stay the zeros the buffer
+    // starts with.
+    qsizetype size = 4 + qsizetype(Records) * RecordHead;
+    for (int i = 0; i < filled; ++i)
+        size += KeptText(table[i].Caption).size() + KeptText(table[i].Annotation).size();
+    QByteArray out(size, '\0');
+    char *at = out.data();
     PutU16(at, FileTag);
     PutU16(at, quint16(CaptionCount));
-    out.append(head, 4);
     for (int i = 0; i < filled; ++i) {
         const CaptionRecord &rec = table[i];
-        at = head;
         PutU16(at, quint16(rec.GeneType));
         PutU16(at, quint16(rec.GeneSubType));
         PutU16(at, quint16(rec.ID));
         PutU16(at, 0);
-        out.append(head, 8);
-        PutText(out, rec.Caption);
-        PutText(out, rec.Annotation);
+        PutText(at, KeptText(rec.Caption));
+        PutText(at, KeptText(rec.Annotation));
     }
-    // The slots behind those ever filled hold empty records: all zeros.
-    out.append(qsizetype(Records - filled) * RecordHead, '\0');
     return out;
 }
 
