@@ -66,10 +66,12 @@ for t in "${targets[@]}"; do
 
   if [ $merge -eq 1 ]; then
     # Everything known, seeds and finds, minimised into a fresh folder that replaces the seeds.
+    # Only new edges count here, not how often an edge ran, which keeps the corpus in the
+    # repository to a few dozen files; the finds with every count stay in build-fuzz.
     fresh="$build/merge/$t"
     rm -rf "$fresh"
     mkdir -p "$fresh"
-    "$bin" -merge=1 $(max_len "$t") -timeout=10 -rss_limit_mb=2048 "$fresh" "$seeds" "$finds" \
+    "$bin" -merge=1 -use_counters=0 $(max_len "$t") -timeout=10 -rss_limit_mb=2048 "$fresh" "$seeds" "$finds" \
       >"$build/logs/$t-merge.log" 2>&1 || { echo "$t: merge failed, see $build/logs/$t-merge.log" >&2; status=1; continue; }
     rm -rf "$seeds"
     mv "$fresh" "$seeds"
