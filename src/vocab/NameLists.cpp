@@ -25,19 +25,21 @@ QString Quoted(const QString &text) { return QLatin1Char('\'') + text + QLatin1C
 
 QByteArray NameLists::EncodeListFile(const QString *first, const QString *second, int entries)
 {
-    QByteArray bytes;
+    // One byte per character, so cutting a text cuts its bytes.
+    const auto kept = [](const QString &text) { return QStringView(text).left(MaxEntryBytes); };
     qsizetype size = 0;
     for (const QString *array : {first, second})
         for (int i = 0; i < entries; ++i)
-            size += 2 + qMin<qsizetype>(array[i].size(), MaxEntryBytes);
-    bytes.reserve(size);
+            size += 2 + kept(array[i]).size();
+    QByteArray bytes(size, Qt::Uninitialized);
+    char *out = bytes.data();
     for (const QString *array : {first, second})
         for (int i = 0; i < entries; ++i) {
-            // One byte per character, so cutting the text cuts its bytes.
-            const QStringView text = QStringView(array[i]).left(MaxEntryBytes);
-            const char length[2] = {char(text.size() & 0xFF), char((text.size() >> 8) & 0xFF)};
-            bytes.append(length, 2);
-            SingleByteText::Append(bytes, text);
+            const QStringView text = kept(array[i]);
+            *out++ = char(text.size() & 0xFF);
+            *out++ = char((text.size() >> 8) & 0xFF);
+            SingleByteText::EncodeInto(text, out);
+            out += text.size();
         }
     return bytes;
 }
