@@ -24,6 +24,14 @@ public:
     }
 };
 
+// The text of a fault message, put together here on its own so that it checks the program's:
+// the context, LF CR, then the number (with its blank) and the description.
+inline QString FaultText(const QString &context, int number, const QString &description)
+{
+    return context + QStringLiteral("\n\rDescription: Error ID ") + QString::number(number) + QStringLiteral(" (")
+           + description + QLatin1Char(')');
+}
+
 // A broken expectation is a finding: name it and stop.
 #define FUZZ_CHECK(condition)                                                                    \
     do {                                                                                         \

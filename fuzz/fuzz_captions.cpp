@@ -1,80 +1,108 @@
-// Feeds arbitrary bytes to the caption file reader and to the RTF reader of the notes. The
-// first byte chooses (even: a caption file, odd: an annotation); the rest is the input.
-// Whatever either reader makes of it must write back to something that reads again to the
-// very same content.
+// Feeds arbitrary bytes to the caption store as the caption file beside a genome, through
+// the load the program runs after it has read the genome. The bytes are walked here on their
+// own, and the store must agree with them:
+// - the fault message says what stopped the read (a file cut short, a type tag other than 2),
+//   and a whole file gives none;
+// - the count in use is the file's, within 0 to 1798, and never counts a record that didn't
+//   arrive whole;
+// - the store writes back the records it read byte for byte (the reserved field as 0),
+//   empty records behind them, and that reads again to the same store and the same bytes.
+// One store serves the whole run: a read replaces its table, and before each input its count
+// goes back to 0, as it does when a genome is abandoned.
+#include "FuzzFiles.h"
 #include "FuzzPrompt.h"
 #include "base/Messages.h"
 #include "vocab/CaptionStore.h"
-#include "vocab/Rtf.h"
-#include "base/SingleByteText.h"
 
 #include <QBuffer>
+#include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 
 namespace {
 
-void Check(bool condition)
-{
-    if (!condition)
-        std::abort();
-}
+constexpr int RecordHead = 12;
 
-void CaptionFile(const QByteArray &bytes)
+quint16 U16(const QByteArray &b, qsizetype at) { return quint16(quint8(b[at]) | quint8(b[at + 1]) << 8); }
+
+void Run(const QByteArray &bytes)
 {
-    // One store for the whole run: a read replaces the whole table, so nothing of the input
-    // before survives into this one. The store needs no session, only a message sink.
-    static FuzzPrompt prompt;
+    static RecordingPrompt prompt;
     static UserMessages messages(prompt);
-    static const QString folder;
     static const QStringList species;
-    static CaptionStore cs(messages, folder, species, {}, {});
+    static CaptionStore store(messages, FuzzFiles::Folder(), species, {}, {});
+    static QByteArray expected;
+
+    const QString file = FuzzFiles::Write(QStringLiteral("pet.gno"), bytes);
+    store.CaptionCount = 0;
     prompt.messages = 0;
+    FuzzFiles::InProgramFolder([] { store.LoadUniqueCaptions(FuzzFiles::Folder() + QStringLiteral("/pet.gen")); });
 
-    QByteArray input = bytes;
-    QBuffer in(&input);
-    in.open(QIODevice::ReadOnly);
-    const FileFault fault = cs.Read(in);
-    Check(!fault.Failed() || !fault.Description.isEmpty());
-    Check(cs.CaptionCount >= 0 && cs.CaptionCount <= CaptionStore::InUse);
+    const QString context = QStringLiteral("Error reading caption file '") + file + QLatin1Char('\'');
+    const QString pastEnd = FaultText(context, 62, QStringLiteral("Input past end of file"));
+    if (bytes.size() < 4) {
+        // Not even the head: the table isn't touched.
+        FUZZ_CHECK(prompt.messages == 1 && prompt.text == pastEnd);
+        FUZZ_CHECK(store.CaptionCount == 0);
+        return;
+    }
+    if (U16(bytes, 0) != CaptionStore::FileTag) {
+        FUZZ_CHECK(prompt.messages == 1 && prompt.text == FaultText(context, 13, QStringLiteral("Type mismatch")));
+        FUZZ_CHECK(store.CaptionCount == 0);
+        // The table was emptied all the same.
+        expected = QByteArray(4 + CaptionStore::Records * RecordHead, '\0');
+        expected[0] = char(CaptionStore::FileTag);
+        FUZZ_CHECK(store.FileBytes() == expected);
+        return;
+    }
 
-    // What was read writes out as a whole file, which reads back whole and unchanged.
-    QByteArray written = cs.FileBytes();
-    Check(written.size() >= 4 + CaptionStore::Records * 12);
-    const qint16 count = cs.CaptionCount;
+    // The records that arrived whole, as the store writes them: the reserved field as 0.
+    expected.resize(0);
+    expected.append(bytes.constData(), 4);
+    qsizetype pos = 4;
+    int whole = 0;
+    while (whole < CaptionStore::Records) {
+        if (bytes.size() - pos < 10)
+            break;
+        const qsizetype caption = U16(bytes, pos + 8);
+        if (bytes.size() - pos - 10 - caption < 2)
+            break;
+        const qsizetype annotation = U16(bytes, pos + 10 + caption);
+        const qsizetype length = RecordHead + caption + annotation;
+        if (bytes.size() - pos < length)
+            break;
+        expected.append(bytes.constData() + pos, length);
+        expected[expected.size() - length + 6] = 0;
+        expected[expected.size() - length + 7] = 0;
+        pos += length;
+        ++whole;
+    }
+    expected.append(qsizetype(CaptionStore::Records - whole) * RecordHead, '\0');
+
+    const int count = std::clamp(int(qint16(U16(bytes, 2))), 0, int(CaptionStore::InUse));
+    if (whole == CaptionStore::Records) {
+        FUZZ_CHECK(prompt.messages == 0);
+        FUZZ_CHECK(store.CaptionCount == count);
+    } else {
+        FUZZ_CHECK(prompt.messages == 1 && prompt.text == pastEnd);
+        FUZZ_CHECK(store.CaptionCount == std::min(count, whole));
+    }
+    expected[2] = char(store.CaptionCount & 0xFF);
+    expected[3] = char(store.CaptionCount >> 8);
+
+    QByteArray written = store.FileBytes();
+    FUZZ_CHECK(written == expected);
     QBuffer again(&written);
     again.open(QIODevice::ReadOnly);
-    Check(!cs.Read(again).Failed());
-    Check(cs.CaptionCount == count);
-    Check(cs.FileBytes() == written);
-    Check(prompt.messages == 0);
-}
-
-void Annotation(const QByteArray &bytes)
-{
-    // An annotation comes from a caption file as single-byte text.
-    const QString source = SingleByteText::Decode(bytes);
-    const Rtf::Runs runs = Rtf::Read(source);
-    for (const Rtf::Run &r : runs)
-        Check(!r.text.isEmpty() && r.halfPoints >= 0);
-    const QString written = Rtf::Write(runs);
-    for (QChar c : written)
-        Check((c.unicode() >= 0x20 && c.unicode() < 0x7F) || c == QLatin1Char('\r') || c == QLatin1Char('\n'));
-    // The source survives the caption file's text, and reads back to the same runs.
-    Check(SingleByteText::Decode(SingleByteText::Encode(written)) == written);
-    Check(Rtf::Read(written) == runs);
+    const qint16 before = store.CaptionCount;
+    FUZZ_CHECK(!store.Read(again).Failed());
+    FUZZ_CHECK(store.CaptionCount == before);
+    FUZZ_CHECK(store.FileBytes() == written);
 }
 
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
-    if (size == 0)
-        return 0;
-    const QByteArray bytes(reinterpret_cast<const char *>(data + 1), qsizetype(size - 1));
-    if (data[0] & 1)
-        Annotation(bytes);
-    else
-        CaptionFile(bytes);
+    Run(QByteArray::fromRawData(reinterpret_cast<const char *>(data), qsizetype(size)));
     return 0;
 }

@@ -64,19 +64,35 @@ bool ReadFront(const QString &path, qint64 maxBytes, QByteArray &bytes, FileFaul
         fault = FileFault::AtPath(FileFault::AccessError, path);
         return false;
     }
+    // Unbuffered: the pieces below are read straight into bytes, with no buffer of the
+    // device's own in between.
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
         fault = FileFault::Of(file, path);
         return false;
     }
     // Read in pieces: a single read of the limit would reserve all of it (some 34 MB for a
-    // chemical list) whatever the file's size.
+    // chemical list) whatever the file's size. The first piece is as long as the file says it
+    // is and a byte more; a piece that comes back short most likely met the end, which a
+    // small buffer here then makes sure of before bytes grows any further.
     bytes.clear();
+    qint64 piece = qBound(qint64(1), file.size() + 1, qint64(64 * 1024));
     while (bytes.size() < maxBytes) {
-        const QByteArray piece = file.read(qMin<qint64>(64 * 1024, maxBytes - bytes.size()));
-        if (piece.isEmpty())
+        const qint64 want = qMin<qint64>(piece, maxBytes - bytes.size());
+        const qsizetype start = bytes.size();
+        bytes.resize(start + qsizetype(want));
+        const qint64 got = file.read(bytes.data() + start, want);
+        bytes.resize(start + qsizetype(qMax<qint64>(got, 0)));
+        if (got <= 0)
             break;
-        bytes += piece;
+        if (got < want) {
+            char probe[4096];
+            const qint64 more = file.read(probe, qMin<qint64>(sizeof probe, maxBytes - bytes.size()));
+            if (more <= 0)
+                break;
+            bytes.append(probe, qsizetype(more));
+        }
+        piece = 64 * 1024;
     }
     if (file.error() != QFileDevice::NoError) {
         fault = FileFault::Of(file, path);

@@ -6,78 +6,149 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <cstring>
+
 namespace {
 
 const QString NoCaption = QStringLiteral("<no caption>");
 const QString NoAnnotation = QStringLiteral("<no annotation>");
 
-// Little-endian fields from a device. The first short or failed read sets the fault, and
-// every later read then fails too.
+constexpr int RecordHead = 12; // the key fields, the reserved field and the two lengths of an empty record
+
+// Little-endian fields from a device, read ahead in chunks rather than a device call for each
+// field. The first field that the device can't give in full sets the fault (past the end of
+// the file, or a device error), and every later read then fails too; the device is asked no
+// further than a field needs, so a read error behind the last field read is no fault.
 class FieldReader
 {
 public:
-    explicit FieldReader(QIODevice &in) : in(in) {}
+    explicit FieldReader(QIODevice &in) : in(in), buffer(Chunk, Qt::Uninitialized) {}
     FileFault fault;
     bool Ok() const { return !fault.Failed(); }
 
     quint16 U16()
     {
-        char b[2];
-        if (!Take(b, 2))
+        if (!Need(2))
             return 0;
+        const char *b = buffer.constData() + pos;
+        pos += 2;
         return quint16(quint8(b[0]) | (quint8(b[1]) << 8));
     }
     qint16 S16() { return qint16(U16()); }
 
     QByteArray Bytes(int count)
     {
-        QByteArray b(count, '\0');
-        if (!Take(b.data(), count))
+        if (!Ok())
             return {};
+        QByteArray b(count, Qt::Uninitialized);
+        const qsizetype buffered = qMin<qsizetype>(count, end - pos);
+        memcpy(b.data(), buffer.constData() + pos, size_t(buffered));
+        pos += buffered;
+        // A text longer than what is buffered comes straight from the device.
+        qsizetype got = buffered;
+        while (got < count) {
+            const qint64 n = in.read(b.data() + got, count - got);
+            if (n <= 0) {
+                fault = FileFault::Numbered(n < 0 ? FileFault::DeviceError : FileFault::PastEndOfFile);
+                return {};
+            }
+            got += qsizetype(n);
+        }
         return b;
     }
 
-private:
-    QIODevice &in;
-
-    bool Take(char *to, qint64 count)
+    // A text field of count bytes; straight from the buffer when it holds them all.
+    QString Text(int count)
     {
-        if (!Ok())
-            return false;
-        qint64 got = 0;
-        while (got < count) {
-            const qint64 n = in.read(to + got, count - got);
-            if (n < 0) {
-                fault = FileFault::Numbered(FileFault::DeviceError);
-                return false;
-            }
-            if (n == 0)
-                break;
-            got += n;
+        if (count > 0 && Ok() && end - pos >= count) {
+            const QString text = SingleByteText::Decode(QByteArrayView(buffer.constData() + pos, count));
+            pos += count;
+            return text;
         }
-        if (got != count) {
-            fault = FileFault::Numbered(FileFault::PastEndOfFile);
-            return false;
+        const QByteArray bytes = Bytes(count);
+        return bytes.isEmpty() ? QString() : SingleByteText::Decode(bytes);
+    }
+
+    // Skips the empty records (12 zero bytes each) at the front, at most `most` of them, and
+    // gives how many it skipped. Never a fault: a record cut short is left to the field reads.
+    int SkipEmptyRecords(int most)
+    {
+        static const char zeros[Chunk] = {};
+        int skipped = 0;
+        while (skipped < most && Available(RecordHead)) {
+            const int whole = int(qMin<qsizetype>((end - pos) / RecordHead, most - skipped));
+            const char *at = buffer.constData() + pos;
+            int n = 0;
+            // Most often everything buffered is empty; otherwise go record by record.
+            if (memcmp(at, zeros, size_t(whole) * RecordHead) == 0)
+                n = whole;
+            else
+                while (n < whole && memcmp(at + n * RecordHead, zeros, RecordHead) == 0)
+                    ++n;
+            pos += qsizetype(n) * RecordHead;
+            skipped += n;
+            if (n < whole)
+                break;
+        }
+        return skipped;
+    }
+
+private:
+    static constexpr qsizetype Chunk = 16 * 1024;
+    QIODevice &in;
+    QByteArray buffer;
+    qsizetype pos = 0, end = 0;
+    bool ended = false, broken = false; // the device gave its last byte / failed
+
+    // At least count bytes buffered, reading more when the device has them.
+    bool Available(qsizetype count)
+    {
+        while (end - pos < count) {
+            if (ended || broken)
+                return false;
+            if (pos > 0) {
+                memmove(buffer.data(), buffer.constData() + pos, size_t(end - pos));
+                end -= pos;
+                pos = 0;
+            }
+            const qint64 n = in.read(buffer.data() + end, Chunk - end);
+            if (n < 0)
+                broken = true;
+            else if (n == 0)
+                ended = true;
+            else
+                end += qsizetype(n);
         }
         return true;
     }
+
+    bool Need(qsizetype count)
+    {
+        if (!Ok())
+            return false;
+        if (Available(count))
+            return true;
+        fault = FileFault::Numbered(broken ? FileFault::DeviceError : FileFault::PastEndOfFile);
+        return false;
+    }
 };
 
-void PutU16(QByteArray &out, quint16 v)
+void PutU16(char *&out, quint16 v)
 {
-    out.append(char(v & 0xFF));
-    out.append(char(v >> 8));
+    *out++ = char(v & 0xFF);
+    *out++ = char(v >> 8);
 }
 
-// A text field: its byte length, then its bytes. The length field holds at most 65535, so
-// a longer text is cut there rather than spoil every field behind it.
-void PutText(QByteArray &out, const QString &text)
+// The length field holds at most 65535, so a longer text is cut there rather than spoil every
+// field behind it (a character is a byte).
+QStringView KeptText(const QString &text) { return QStringView(text).left(CaptionStore::MaxTextBytes); }
+
+// A text field: its byte length, then its bytes.
+void PutText(char *&out, QStringView text)
 {
-    QByteArray bytes = text.isEmpty() ? QByteArray() : SingleByteText::Encode(text);
-    if (bytes.size() > CaptionStore::MaxTextBytes)
-        bytes.truncate(CaptionStore::MaxTextBytes);
-    PutU16(out, quint16(bytes.size()));
-    out.append(bytes);
+    PutU16(out, quint16(text.size()));
+    SingleByteText::EncodeInto(text, out);
+    out += text.size();
 }
 
 } // namespace
@@ -144,6 +215,7 @@ void CaptionStore::Store(int type, int subType, int id, const QString &text, boo
     r.Caption = annotation ? QString() : text;
     r.Annotation = annotation ? text : QString();
     ++CaptionCount;
+    filled = qMax(filled, int(CaptionCount));
 }
 
 QString CaptionStore::DefaultCaptionFileName() const
@@ -181,31 +253,33 @@ FileFault CaptionStore::Read(QIODevice &in)
     // The file replaces the whole table. Records come in whole or not at all, and the count
     // never reaches past the records that arrived, so a short file leaves a consistent store.
     // A count of another type than a 16-bit one cannot be read on: the store stays empty.
-    for (CaptionRecord &rec : table)
-        rec = CaptionRecord();
+    // Only the slots below `filled` can hold anything to clear.
+    for (int i = 0; i < filled; ++i)
+        table[i] = CaptionRecord();
+    filled = 0;
     CaptionCount = 0;
     if (tag != FileTag)
         return FileFault::Numbered(FileFault::TypeMismatch);
     const qint16 wanted = qint16(qBound(0, int(count), int(InUse)));
 
     for (int i = 0; i < Records; ++i) {
+        // Most records of a file are empty, and their slots are empty already.
+        i += r.SkipEmptyRecords(Records - i);
+        if (i == Records)
+            break;
         CaptionRecord rec;
         rec.GeneType = r.S16();
         rec.GeneSubType = r.S16();
         rec.ID = r.S16();
         r.U16(); // reserved
-        const QByteArray caption = r.Bytes(r.U16());
-        const QByteArray annotation = r.Bytes(r.U16());
+        rec.Caption = r.Text(r.U16());
+        rec.Annotation = r.Text(r.U16());
         if (!r.Ok()) {
             CaptionCount = qint16(qMin(int(wanted), i));
             return r.fault;
         }
-        // Most records are empty: skip the converter for them.
-        if (!caption.isEmpty())
-            rec.Caption = SingleByteText::Decode(caption);
-        if (!annotation.isEmpty())
-            rec.Annotation = SingleByteText::Decode(annotation);
         table[i] = rec;
+        filled = i + 1;
     }
     CaptionCount = wanted;
     return FileFault();
@@ -261,17 +335,23 @@ void CaptionStore::LoadUniqueCaptions(const QString &genomeFile)
 
 QByteArray CaptionStore::FileBytes() const
 {
-    QByteArray out;
-    out.reserve(4 + Records * 12);
-    PutU16(out, FileTag);
-    PutU16(out, quint16(CaptionCount));
-    for (const CaptionRecord &rec : table) {
-        PutU16(out, quint16(rec.GeneType));
-        PutU16(out, quint16(rec.GeneSubType));
-        PutU16(out, quint16(rec.ID));
-        PutU16(out, 0);
-        PutText(out, rec.Caption);
-        PutText(out, rec.Annotation);
+    // The slots behind those ever filled hold empty records: they stay the zeros the buffer
+    // starts with.
+    qsizetype size = 4 + qsizetype(Records) * RecordHead;
+    for (int i = 0; i < filled; ++i)
+        size += KeptText(table[i].Caption).size() + KeptText(table[i].Annotation).size();
+    QByteArray out(size, '\0');
+    char *at = out.data();
+    PutU16(at, FileTag);
+    PutU16(at, quint16(CaptionCount));
+    for (int i = 0; i < filled; ++i) {
+        const CaptionRecord &rec = table[i];
+        PutU16(at, quint16(rec.GeneType));
+        PutU16(at, quint16(rec.GeneSubType));
+        PutU16(at, quint16(rec.ID));
+        PutU16(at, 0);
+        PutText(at, KeptText(rec.Caption));
+        PutText(at, KeptText(rec.Annotation));
     }
     return out;
 }

@@ -83,6 +83,9 @@ private:
     std::function<int()> headGenus;
     std::function<void(const QString &)> showNote;
     QVector<CaptionRecord> table;
+    // The slots from here on hold empty records (keys 0, no texts): neither a read has to
+    // clear them nor the writer to look at them.
+    int filled = 0;
 
     int Find(int type, int subType, int id) const;
     // Shared by SetCaption and SetAnnotation; annotation says which text field changes.

@@ -24,15 +24,21 @@ QString Quoted(const QString &text) { return QLatin1Char('\'') + text + QLatin1C
 
 QByteArray NameLists::EncodeListFile(const QString *first, const QString *second, int entries)
 {
-    QByteArray bytes;
+    // One byte per character, so cutting a text cuts its bytes.
+    const auto kept = [](const QString &text) { return QStringView(text).left(MaxEntryBytes); };
+    qsizetype size = 0;
+    for (const QString *array : {first, second})
+        for (int i = 0; i < entries; ++i)
+            size += 2 + kept(array[i]).size();
+    QByteArray bytes(size, Qt::Uninitialized);
+    char *out = bytes.data();
     for (const QString *array : {first, second})
         for (int i = 0; i < entries; ++i) {
-            QByteArray text = SingleByteText::Encode(array[i]);
-            if (text.size() > MaxEntryBytes)
-                text.truncate(MaxEntryBytes);
-            bytes.append(char(text.size() & 0xFF));
-            bytes.append(char((text.size() >> 8) & 0xFF));
-            bytes.append(text);
+            const QStringView text = kept(array[i]);
+            *out++ = char(text.size() & 0xFF);
+            *out++ = char((text.size() >> 8) & 0xFF);
+            SingleByteText::EncodeInto(text, out);
+            out += text.size();
         }
     return bytes;
 }
@@ -40,6 +46,7 @@ QByteArray NameLists::EncodeListFile(const QString *first, const QString *second
 int NameLists::DecodeListFile(const QByteArray &bytes, QString *first, QString *second, int entries)
 {
     const qsizetype size = bytes.size();
+    const QByteArrayView view(bytes);
     qsizetype pos = 0;
     int read = 0;
     for (QString *array : {first, second})
@@ -49,7 +56,7 @@ int NameLists::DecodeListFile(const QByteArray &bytes, QString *first, QString *
             const qsizetype length = qsizetype(quint8(bytes[pos])) | (qsizetype(quint8(bytes[pos + 1])) << 8);
             if (size - pos - 2 < length)
                 return read;
-            array[i] = SingleByteText::Decode(bytes.mid(pos + 2, length));
+            array[i] = SingleByteText::Decode(view.sliced(pos + 2, length));
             pos += 2 + length;
             ++read;
         }
@@ -105,13 +112,25 @@ void NameLists::SetChemicalDefaults()
 {
     ChemicalNames[0] = QStringLiteral("<none>");
     for (int i = 1; i < SlotsInUse; ++i)
-        ChemicalNames[size_t(i)] = QString::number(i);
+        ChemicalNames[size_t(i)] = SlotNumberText(i);
 }
 
 void NameLists::SetPoseDefaults()
 {
     for (int i = 0; i < SlotsInUse; ++i)
-        PoseNames[size_t(i)] = QString::number(i);
+        PoseNames[size_t(i)] = SlotNumberText(i);
+}
+
+const QString &NameLists::SlotNumberText(int slot)
+{
+    // Made once and shared: every load and reset sets hundreds of names to their numbers.
+    static const std::array<QString, SlotsInUse> numbers = [] {
+        std::array<QString, SlotsInUse> n;
+        for (int i = 0; i < SlotsInUse; ++i)
+            n[size_t(i)] = QString::number(i);
+        return n;
+    }();
+    return numbers[size_t(slot)];
 }
 
 void NameLists::SetScriptDefaults()
@@ -145,7 +164,7 @@ void NameLists::LoadPoseList()
                      QStringLiteral("Error reading pose names"));
     for (int i = 0; i < SlotsInUse; ++i)
         if (PoseNames[size_t(i)].isEmpty())
-            PoseNames[size_t(i)] = QString::number(i);
+            PoseNames[size_t(i)] = SlotNumberText(i);
 }
 
 void NameLists::LoadScriptList()

@@ -46,6 +46,8 @@ public:
     void SetChemicalDefaults();
     void SetPoseDefaults();
     void SetScriptDefaults();
+    // A free slot's name: its number in plain decimal (slot 0 to 255).
+    static const QString &SlotNumberText(int slot);
 
     // The bytes of a list file: every entry of first, then every entry of second, each a
     // 16-bit little-endian byte length and that many single-byte characters. A text longer

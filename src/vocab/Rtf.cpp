@@ -31,7 +31,7 @@ const QSet<QString> &SkippedDestinations()
 }
 
 // Control words that stand for one character.
-QChar SymbolWord(const QString &word)
+QChar SymbolWord(QStringView word)
 {
     if (word == QLatin1String("emdash"))
         return QChar(0x2014);
@@ -172,8 +172,10 @@ private:
                 ++pos;
                 ++digits;
             }
-            if (digits == 2)
-                Character(SingleByteText::Decode(QByteArray(1, char(value))).at(0));
+            if (digits == 2) {
+                const char byte = char(value);
+                Character(SingleByteText::Decode(QByteArrayView(&byte, 1)).at(0));
+            }
             return;
         }
         if (c == QLatin1Char('\\') || c == QLatin1Char('{') || c == QLatin1Char('}')) {
@@ -197,7 +199,7 @@ private:
         const int start = pos;
         while (pos < s.size() && IsAsciiLetter(s[pos]))
             ++pos;
-        const QString word = s.mid(start, qMin(pos - start, MaxWordLength));
+        const QStringView word = QStringView(s).mid(start, qMin(pos - start, MaxWordLength));
         bool hasParam = false;
         bool negative = false;
         long long param = 0;
@@ -248,7 +250,7 @@ private:
             // Raw bytes follow; they are no text.
             if (hasParam && param > 0)
                 pos += int(qMin<long long>(param, s.size() - pos));
-        } else if (SkippedDestinations().contains(word)) {
+        } else if (SkippedDestinations().contains(word.toString())) {
             state.skip = true;
         } else {
             const QChar symbol = SymbolWord(word);
@@ -310,31 +312,37 @@ private:
         current.underline = run.underline;
     }
 
-    void Literal(const QString &text)
+    void Literal(QChar c)
     {
         if (delimit)
             out += QLatin1Char(' ');
         delimit = false;
-        out += text;
+        out += c;
     }
 
     void Character(QChar c)
     {
         const ushort u = c.unicode();
         if (c == QLatin1Char('\n')) {
-            out += QStringLiteral("\\par\r\n");
+            out += QLatin1String("\\par\r\n");
             delimit = false;
         } else if (c == QLatin1Char('\t')) {
             ControlWord(QStringLiteral("tab"));
         } else if (c == QLatin1Char('\\') || c == QLatin1Char('{') || c == QLatin1Char('}')) {
-            out += QLatin1Char('\\') + QString(c);
+            out += QLatin1Char('\\');
+            out += c;
             delimit = false;
         } else if (u >= 0x20 && u < 0x7F) {
-            Literal(QString(c));
+            Literal(c);
         } else {
-            const QByteArray byte = SingleByteText::Encode(QString(c));
-            if (byte.size() == 1 && SingleByteText::Decode(byte) == QString(c)) {
-                out += QStringLiteral("\\'") + QString::number(quint8(byte[0]), 16).rightJustified(2, QLatin1Char('0'));
+            // A character that one byte of the code page stands for travels as \'hh.
+            const QByteArray byte = SingleByteText::Encode(QStringView(&c, 1));
+            if (SingleByteText::Decode(byte).at(0) == c) {
+                static const char hex[] = "0123456789abcdef";
+                const quint8 b = quint8(byte[0]);
+                out += QLatin1String("\\'");
+                out += QLatin1Char(hex[b >> 4]);
+                out += QLatin1Char(hex[b & 15]);
             } else {
                 // \uN takes a signed 16-bit number; '?' stands in for readers without Unicode.
                 out += QStringLiteral("\\u") + QString::number(qint16(u)) + QLatin1Char('?');
