@@ -11,7 +11,19 @@ namespace {
 struct CodePage
 {
     std::array<char16_t, 256> toUnicode{};
+    // Characters below 256 (almost every one a genome or a list holds) by table; -1 for
+    // one that the code page lacks. The rest by hash.
+    std::array<qint16, 256> fromLowUnicode{};
     QHash<char16_t, char> fromUnicode;
+
+    char FromUnicode(char16_t c) const
+    {
+        if (c < 256) {
+            const qint16 b = fromLowUnicode[c];
+            return b < 0 ? '?' : char(b);
+        }
+        return fromUnicode.value(c, '?');
+    }
 
     CodePage()
     {
@@ -24,6 +36,10 @@ struct CodePage
             const char16_t c = i < chars.size() ? chars[i].unicode() : char16_t(i);
             toUnicode[size_t(i)] = c;
             fromUnicode.insert(c, char(i));
+        }
+        for (int c = 0; c < 256; ++c) {
+            const auto found = fromUnicode.constFind(char16_t(c));
+            fromLowUnicode[size_t(c)] = found == fromUnicode.cend() ? qint16(-1) : qint16(quint8(*found));
         }
     }
 };
@@ -52,9 +68,20 @@ QByteArray Encode(const QString &text)
 {
     const CodePage &t = Table();
     QByteArray bytes(text.size(), Qt::Uninitialized);
+    char *out = bytes.data();
     for (int i = 0; i < text.size(); ++i)
-        bytes[i] = t.fromUnicode.value(text[i].unicode(), '?');
+        out[i] = t.FromUnicode(text[i].unicode());
     return bytes;
+}
+
+QChar DecodeChar(quint8 byte)
+{
+    return QChar(Table().toUnicode[byte]);
+}
+
+char EncodeChar(QChar c)
+{
+    return Table().FromUnicode(c.unicode());
 }
 
 } // namespace SingleByteText

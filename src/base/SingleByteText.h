@@ -8,4 +8,8 @@
 namespace SingleByteText {
 QString Decode(const QByteArray &bytes);
 QByteArray Encode(const QString &text);
+// One byte to its character, and one character to its byte ('?' for a character the code
+// page lacks): for readers and writers that walk a text a byte at a time.
+QChar DecodeChar(quint8 byte);
+char EncodeChar(QChar c);
 }

@@ -2,14 +2,6 @@
 
 #include "base/SingleByteText.h"
 
-void BodyIO::Byte(quint8 &value, int lo, int hi)
-{
-    if (reading)
-        value = image.GetGenomeByte(lo, hi);
-    else
-        image.PutGenomeByte(value);
-}
-
 void GetStateRule(GenomeImage &image, StateRule &rule, bool olderFormat)
 {
     if (!rule)
@@ -36,13 +28,17 @@ void BodyIO::Rule(StateRule &rule)
 void BodyIO::Chars(QString &text, int length, int lo, int hi)
 {
     if (reading) {
-        QByteArray bytes(length, '\0');
+        QString read(length, Qt::Uninitialized);
+        QChar *out = read.data();
         for (int i = 0; i < length; ++i)
-            bytes[i] = char(image.GetGenomeByte(lo, hi));
-        text = SingleByteText::Decode(bytes);
+            out[i] = SingleByteText::DecodeChar(image.GetGenomeByte(lo, hi));
+        text = std::move(read);
         return;
     }
-    const QByteArray bytes = SingleByteText::Encode(text);
-    for (int i = 0; i < length; ++i)
-        image.PutGenomeByte(i < bytes.size() ? quint8(bytes[i]) : 0);
+    // A shorter text is padded with zero bytes; a longer one is cut.
+    const int n = qMin(length, int(text.size()));
+    for (int i = 0; i < n; ++i)
+        image.PutGenomeByte(quint8(SingleByteText::EncodeChar(text[i])));
+    for (int i = n; i < length; ++i)
+        image.PutGenomeByte(0);
 }

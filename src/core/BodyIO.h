@@ -30,7 +30,13 @@ public:
     const bool olderFormat;
     const bool olderAppearance;
 
-    void Byte(quint8 &value, int lo = 0, int hi = 255);
+    void Byte(quint8 &value, int lo = 0, int hi = 255)
+    {
+        if (reading)
+            value = image.GetGenomeByte(lo, hi);
+        else
+            image.PutGenomeByte(value);
+    }
     // Rules are 12 bytes, 8 in the older format (read only).
     void Rule(StateRule &rule); // GetStateRule or PutStateRule
     // A fixed-length single-byte string, each byte read in lo..hi.

@@ -73,7 +73,7 @@ void Gene::SetMembers()
 void Gene::Header(BodyIO &io, HeaderFields fields)
 {
     if (!io.reading) {
-        io.image.PutGenomeToken(QByteArrayLiteral("gene"));
+        io.image.PutGenomeToken("gene");
         io.Byte(GeneType);
         io.Byte(GeneSubType);
     }
@@ -188,9 +188,9 @@ bool Session::CreateGene(quint8 type, quint8 subType, bool interactive)
                   + QStringLiteral(" when no such type or subtype is known to me!"));
         return false;
     }
-    const QString factory = QString::fromLatin1(kind->factoryName);
-    QString answer;
+    QString factory, answer;
     if (interactive) {
+        factory = QString::fromLatin1(kind->factoryName);
         answer = prompt.InputBox(QStringLiteral("Name Gene"),
                                  QStringLiteral("Enter a caption for new ") + factory
                                      + QStringLiteral(" gene or press 'Ok' for default name '<no caption> - ")

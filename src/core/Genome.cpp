@@ -43,24 +43,25 @@ bool Session::DecodeGenome()
             prompt.ProgressSetValue(int(double(img.ReadCursor) / img.WriteCursor * 90.0));
 
         const int start = img.ReadCursor;
-        QByteArray token = img.GetGenomeToken();
+        GenomeToken token = img.GetGenomeToken();
         if (token == "gend")
             break;
         if (token != "gene") {
             const int answer = ShowMessage(
                 QStringLiteral("ERROR. Corrupted genome. Expected 'gene', found") + CRLF + QStringLiteral("'")
-                    + SingleByteText::Decode(token)
+                    + SingleByteText::Decode(token.Text())
                     + QStringLiteral("'. Do you wish me to skip the offending gene and") + CRLF
                     + QStringLiteral("attempt to continue anyway? This could result in") + CRLF
                     + QStringLiteral("a bad genome."),
                 4, QStringLiteral("Gene #") + QString::number(GeneCount) + QStringLiteral(" is corrupted"));
             if (answer != Prompt::Yes)
                 return false;
-            token = img.ResyncGenome(start);
-            if (token == "FAULT") {
+            const std::optional<GenomeToken> found = img.ResyncGenome(start);
+            if (!found) {
                 ShowError(QStringLiteral("Unable to lock onto valid data. Operation aborted."));
                 return false;
             }
+            token = *found;
             if (token == "gend")
                 break;
         }
@@ -100,7 +101,7 @@ void Session::EncodeGenome()
     }
     ::GenomeImage &img = GenomeImage;
     img.WriteCursor = 0;
-    img.PutGenomeToken(QByteArrayLiteral("dna2"));
+    img.PutGenomeToken("dna2");
     for (int i = 0; i < GeneCount; ++i) {
         GeneList[size_t(i)]->GetMembers();
         if (img.WriteCursor > ::GenomeImage::PickleLimit) {
@@ -114,7 +115,7 @@ void Session::EncodeGenome()
                 break;
         }
     }
-    img.PutGenomeToken(QByteArrayLiteral("gend"));
+    img.PutGenomeToken("gend");
 }
 
 void Session::ClearGeneList()
