@@ -74,12 +74,12 @@ QByteArray Encode(const QString &text)
     return bytes;
 }
 
-QChar DecodeChar(quint8 byte)
+QChar DecodeHighChar(quint8 byte)
 {
     return QChar(Table().toUnicode[byte]);
 }
 
-char EncodeChar(QChar c)
+char EncodeHighChar(QChar c)
 {
     return Table().FromUnicode(c.unicode());
 }

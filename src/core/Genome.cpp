@@ -36,7 +36,7 @@ bool Session::DecodeGenome()
         return false;
     }
 
-    const bool older = CompatibilityMode.ReadsOlderGenes();
+    const BodyFormat format = LoadFormat();
     for (;;) {
         prompt.Yield();
         if (prompt.ProgressVisible() && img.WriteCursor != 0)
@@ -79,8 +79,10 @@ bool Session::DecodeGenome()
             return false;
         }
         Gene *g = GeneList[size_t(GeneCount - 1)].get();
-        BodyIO header(img, true, older);
-        g->Header(header, Gene::HeaderFields::Rest);
+        {
+            BodyReader header(img, format);
+            g->Header(header, Gene::HeaderFields::Rest);
+        }
         g->SetMembers();
     }
 
