@@ -3,6 +3,7 @@
 
 #include <QString>
 #include <array>
+#include <cstring>
 #include <optional>
 
 // A state variable rule: 12 token indices, or absent in a gene nobody gave a rule.
@@ -50,15 +51,22 @@ public:
     {
         value = GenomeImage::GetByte(bytes, cursor, corrected, lo, hi);
     }
+    // n bytes in 0..255, as n calls of Byte would read them (nothing to fold, zeros from the
+    // read limit on, where the cursor stops), in one copy.
+    void Bytes(quint8 *values, int n)
+    {
+        const int available = cursor < 0 ? 0 : qBound(0, GenomeImage::ReadLimit - cursor, n);
+        std::memcpy(values, bytes + cursor, size_t(available));
+        std::memset(values + available, 0, size_t(n - available));
+        cursor += available;
+    }
     // An absent rule becomes twelve zeros first; 8 bytes in the older format, else 12, each
     // read in 0..255; the entries not read keep what they held.
     void Rule(StateRule &rule)
     {
         if (!rule)
             rule = std::array<quint8, 12>{};
-        const int n = olderFormat ? 8 : 12;
-        for (int i = 0; i < n; ++i)
-            Byte((*rule)[size_t(i)]);
+        Bytes(rule->data(), olderFormat ? 8 : 12);
     }
     // A fixed-length single-byte string, each byte read in lo..hi.
     void Chars(QString &text, int length, int lo = 0, int hi = 255);
@@ -95,11 +103,19 @@ public:
         for (int i = 0; i < 4; ++i)
             Byte(quint8(token[i]));
     }
+    // n bytes as n calls of Byte would write them: those that fit, the rest refused.
+    void Bytes(const quint8 *values, int n)
+    {
+        const int fit = cursor < 0 ? 0 : qBound(0, GenomeImage::Size - cursor, n);
+        std::memcpy(bytes + cursor, values, size_t(fit));
+        cursor += fit;
+        refused += n - fit;
+    }
     // Always 12 bytes: the entries, or zeros for an absent rule.
     void Rule(const StateRule &rule)
     {
-        for (int i = 0; i < 12; ++i)
-            Byte(rule ? (*rule)[size_t(i)] : 0);
+        static constexpr std::array<quint8, 12> absent{};
+        Bytes(rule ? rule->data() : absent.data(), 12);
     }
     // A shorter text is padded with zero bytes, a longer one cut.
     void Chars(const QString &text, int length, int = 0, int = 255);

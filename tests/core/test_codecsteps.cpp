@@ -72,6 +72,56 @@ private slots:
         QCOMPARE(QList<int>({direct->ReadCursor, direct->CorrectedErrors}), QList<int>({endCursor, endCorrected}));
     }
 
+    // A run of bytes read or written in one copy reads and writes as the same bytes one by
+    // one: anywhere in the block, and up to and past its end.
+    void bytesInOneCopy_data()
+    {
+        QTest::addColumn<int>("start");
+        QTest::newRow("start of block") << 0;
+        QTest::newRow("across the read limit") << GenomeImage::ReadLimit - 5;
+        QTest::newRow("across the block end") << GenomeImage::Size - 5;
+        QTest::newRow("past the block end") << GenomeImage::Size;
+    }
+    void bytesInOneCopy()
+    {
+        QFETCH(int, start);
+        constexpr int n = 12;
+        auto one = std::make_unique<GenomeImage>(), run = std::make_unique<GenomeImage>();
+        for (GenomeImage *img : {one.get(), run.get()}) {
+            for (int i = 0; i < GenomeImage::Size; ++i)
+                img->Bytes[size_t(i)] = quint8(i * 7 + 3);
+            img->ReadCursor = img->WriteCursor = start;
+        }
+        std::array<quint8, n> byOne{}, byRun{};
+        byRun.fill(0xAA); // what the copy leaves must be read, not left over
+        {
+            BodyReader io(*one, BodyFormat{});
+            for (quint8 &v : byOne)
+                io.Byte(v);
+        }
+        {
+            BodyReader io(*run, BodyFormat{});
+            io.Bytes(byRun.data(), n);
+        }
+        QCOMPARE(QByteArray(reinterpret_cast<const char *>(byRun.data()), n),
+                 QByteArray(reinterpret_cast<const char *>(byOne.data()), n));
+        QCOMPARE(run->ReadCursor, one->ReadCursor);
+
+        const std::array<quint8, n> values{1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12};
+        {
+            BodyWriter io(*one);
+            for (quint8 v : values)
+                io.Byte(v);
+        }
+        {
+            BodyWriter io(*run);
+            io.Bytes(values.data(), n);
+        }
+        QVERIFY(one->Bytes == run->Bytes);
+        QCOMPARE(QList<int>({run->WriteCursor, run->RefusedWrites}), QList<int>({one->WriteCursor, one->RefusedWrites}));
+        QCOMPARE(run->WriteCursor, qMin(start + n, int(GenomeImage::Size)));
+    }
+
     // A record written at the end of the block stops at its last byte: what does not fit is
     // refused and counted, and nothing before the record changes.
     void writerStopsAtBlockEnd_data()
@@ -107,6 +157,40 @@ private slots:
         QCOMPARE(image.mid(start), record.left(written));
         QCOMPARE(image.left(start), QByteArray(start, char(0xEE)));
         QCOMPARE(QList<int>({img.WriteCursor, img.RefusedWrites}), QList<int>({start + written, 13 - written}));
+    }
+
+    // The resync scan looks from four bytes before the failed token up to its limit, for the
+    // first "gene" or "gend", and reads it; with none it puts the cursor back and fails.
+    void resyncScan_data()
+    {
+        QTest::addColumn<int>("start");
+        QTest::addColumn<int>("at");
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QByteArray>("found"); // empty: the fault
+        QTest::addColumn<int>("cursor");
+
+        QTest::newRow("four bytes early") << 100 << 96 << QByteArray("gene") << QByteArray("gene") << 100;
+        QTest::newRow("five bytes early") << 100 << 95 << QByteArray("gene") << QByteArray() << 100;
+        QTest::newRow("past false starts") << 100 << 200 << QByteArray("ggengenxgend") << QByteArray("gend") << 212;
+        QTest::newRow("last place scanned") << 100 << GenomeImage::ResyncLimit - 1 << QByteArray("gene")
+                                            << QByteArray("gene") << GenomeImage::ResyncLimit + 3;
+        QTest::newRow("beyond the scan") << 100 << GenomeImage::ResyncLimit << QByteArray("gene") << QByteArray()
+                                         << 100;
+    }
+    void resyncScan()
+    {
+        QFETCH(int, start);
+        QFETCH(int, at);
+        QFETCH(QByteArray, bytes);
+        QFETCH(QByteArray, found);
+        QFETCH(int, cursor);
+
+        auto img = std::make_unique<GenomeImage>();
+        std::copy(bytes.cbegin(), bytes.cend(), img->Bytes.begin() + at);
+        img->ReadCursor = start + 4;
+        const std::optional<GenomeToken> token = img->ResyncGenome(start);
+        QCOMPARE(token ? token->Text() : QByteArray(), found);
+        QCOMPARE(img->ReadCursor, cursor);
     }
 
     // Every pair finds its own row, and only the sixteen pairs of the table find one.

@@ -2,6 +2,8 @@
 
 #include "core/GeneBody.h"
 
+#include <algorithm>
+
 clsReceptor::clsReceptor(Session &s) : GeneBody(s, 1, 0) {}
 
 template <class IO> void clsReceptor::Body(IO &io)
@@ -43,15 +45,13 @@ template <class IO> void clsReaction::Body(IO &io)
 
 clsHalfLives::clsHalfLives(Session &s) : GeneBody(s, 1, 3)
 {
-    for (int i = 0; i < 255; ++i)
-        HalfLife[i] = 255;
+    std::fill_n(HalfLife, 255, quint8(255));
     HalfLife[255] = 0;
 }
 
 template <class IO> void clsHalfLives::Body(IO &io)
 {
-    for (quint8 &h : HalfLife)
-        io.Byte(h);
+    io.Bytes(HalfLife, 256);
 }
 
 clsInject::clsInject(Session &s) : GeneBody(s, 1, 4) {}
