@@ -99,4 +99,14 @@ void Append(QByteArray &out, QStringView text)
 
 void EncodeInto(QStringView text, char *to) { ToBytes(text.data(), text.size(), to); }
 
+QChar DecodeHighChar(quint8 byte)
+{
+    return QChar(Table().toUnicode[byte]);
+}
+
+char EncodeHighChar(QChar c)
+{
+    return Table().Byte(c.unicode());
+}
+
 } // namespace SingleByteText

@@ -14,4 +14,11 @@ QByteArray Encode(QStringView text);
 // the text.size() bytes at to.
 void Append(QByteArray &out, QStringView text);
 void EncodeInto(QStringView text, char *to);
+// One byte to its character, and one character to its byte ('?' for a character the code
+// page lacks): for readers and writers that walk a text a byte at a time. The code page
+// is ASCII below 0x80, which most text is; the rest goes through the tables.
+QChar DecodeHighChar(quint8 byte);
+char EncodeHighChar(QChar c);
+inline QChar DecodeChar(quint8 byte) { return byte < 0x80 ? QChar(byte) : DecodeHighChar(byte); }
+inline char EncodeChar(QChar c) { return c.unicode() < 0x80 ? char(c.unicode()) : EncodeHighChar(c); }
 }

@@ -65,34 +65,7 @@ int Gene::BodyLength() const
 
 void Gene::SetMembers()
 {
-    BodyIO io(session.GenomeImage, true, session.CompatibilityMode.ReadsOlderGenes(),
-              session.CompatibilityMode.ReadsOlderAppearance());
-    Body(io);
-}
-
-void Gene::Header(BodyIO &io, HeaderFields fields)
-{
-    if (!io.reading) {
-        io.image.PutGenomeToken(QByteArrayLiteral("gene"));
-        io.Byte(GeneType);
-        io.Byte(GeneSubType);
-    }
-    if (fields != HeaderFields::Rest) {
-        io.Byte(ID);
-        io.Byte(Generation);
-    }
-    if (fields == HeaderFields::Identity)
-        return;
-    io.Byte(SwitchOn, 0, ReferenceTables::LifeStageCount - 1);
-    io.Byte(Mutability);
-    // Genes of the older format carry no weighting: they get the middle of the range.
-    if (io.reading && io.olderFormat)
-        MutabilityWeighting = 128;
-    else
-        io.Byte(MutabilityWeighting);
-    // Bits 6 and 7 of the flags mean nothing and are dropped on load.
-    if (io.reading)
-        Mutability &= 63;
+    ReadBody(session.GenomeImage, session.LoadFormat());
 }
 
 void Gene::GetMembers()
@@ -100,23 +73,16 @@ void Gene::GetMembers()
     // An encode takes what an open editor shows now, whether or not it is later cancelled.
     if (IsOpen)
         GetControls();
-    BodyIO io(session.GenomeImage, false);
-    Header(io);
-    Body(io);
-}
-
-void Gene::WriteRecord(GenomeImage &image)
-{
-    BodyIO io(image, false);
-    Header(io);
-    Body(io);
+    WriteRecord(session.GenomeImage);
 }
 
 void Gene::ReadRecord(GenomeImage &image)
 {
-    BodyIO io(image, true);
-    Header(io);
-    Body(io);
+    {
+        BodyReader io(image, BodyFormat{});
+        Header(io);
+    }
+    ReadBody(image, BodyFormat{});
 }
 
 void Gene::SetControls()
@@ -188,9 +154,9 @@ bool Session::CreateGene(quint8 type, quint8 subType, bool interactive)
                   + QStringLiteral(" when no such type or subtype is known to me!"));
         return false;
     }
-    const QString factory = QString::fromLatin1(kind->factoryName);
-    QString answer;
+    QString factory, answer;
     if (interactive) {
+        factory = QString::fromLatin1(kind->factoryName);
         answer = prompt.InputBox(QStringLiteral("Name Gene"),
                                  QStringLiteral("Enter a caption for new ") + factory
                                      + QStringLiteral(" gene or press 'Ok' for default name '<no caption> - ")
@@ -214,7 +180,7 @@ bool Session::CreateGene(quint8 type, quint8 subType, bool interactive)
                                     + QStringLiteral(" - ") + factory);
         g->OpenView();
     } else {
-        BodyIO io(GenomeImage, true);
+        BodyReader io(GenomeImage, BodyFormat{});
         g->Header(io, Gene::HeaderFields::Identity);
     }
     return true;

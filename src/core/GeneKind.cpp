@@ -33,6 +33,21 @@ constexpr bool InEnumOrder()
 }
 static_assert(InEnumOrder(), "the kind table must follow the order of GeneKind");
 
+// Row of the first subtype of each type: the rows of a type follow each other by subtype.
+constexpr int FirstOfType[TypeCount] = {0, 2, 7, 15};
+
+constexpr bool InTypeOrder()
+{
+    for (int type = 0; type < TypeCount; ++type)
+        for (int sub = 0; sub < SubTypeCount[type]; ++sub) {
+            const GeneKindInfo &k = KindTable[FirstOfType[type] + sub];
+            if (k.type != type || k.subType != sub)
+                return false;
+        }
+    return FirstOfType[TypeCount - 1] + SubTypeCount[TypeCount - 1] == Count;
+}
+static_assert(InTypeOrder(), "the kind table must run by type, then subtype");
+
 } // namespace
 
 namespace GeneKinds {
@@ -41,10 +56,9 @@ const GeneKindInfo &Of(GeneKind kind) { return KindTable[int(kind)]; }
 
 const GeneKindInfo *Find(int type, int subType)
 {
-    for (const GeneKindInfo &k : KindTable)
-        if (k.type == type && k.subType == subType)
-            return &k;
-    return nullptr;
+    if (type < 0 || type >= TypeCount || subType < 0 || subType >= SubTypeCount[type])
+        return nullptr;
+    return &KindTable[FirstOfType[type] + subType];
 }
 
 const GeneKindInfo &At(int index) { return KindTable[qBound(0, index, Count - 1)]; }

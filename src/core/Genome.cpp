@@ -22,13 +22,13 @@ bool Session::DecodeGenome()
     img.ReadCursor = 0;
 
     if (CompatibilityMode.WarnsBeforeLoading()) {
-        const int answer = ShowMessage(
-            QStringLiteral("WARNING. Arkenfold 1 compatibility mode is enabled.") + CRLF
-                + QStringLiteral("This will allow you to load a Arkenfold 1 genome into") + CRLF
-                + QStringLiteral("this application. This WILL CAUSE problems should you") + CRLF
-                + QStringLiteral("wish to inject this genome into Arkenfold 2. Are you") + CRLF
-                + QStringLiteral("really sure you want to do this?"),
-            4, QStringLiteral("Compatibility Mode Warning"));
+        // Fixed texts are single literals, lines joined by CR LF: a load builds nothing for them.
+        const int answer = ShowMessage(QStringLiteral("WARNING. Arkenfold 1 compatibility mode is enabled.\r\n"
+                                                      "This will allow you to load a Arkenfold 1 genome into\r\n"
+                                                      "this application. This WILL CAUSE problems should you\r\n"
+                                                      "wish to inject this genome into Arkenfold 2. Are you\r\n"
+                                                      "really sure you want to do this?"),
+                                       4, QStringLiteral("Compatibility Mode Warning"));
         if (answer != Prompt::Yes)
             return false;
     } else if (img.GetGenomeToken() != "dna2") {
@@ -36,31 +36,32 @@ bool Session::DecodeGenome()
         return false;
     }
 
-    const bool older = CompatibilityMode.ReadsOlderGenes();
+    const BodyFormat format = LoadFormat();
     for (;;) {
         prompt.Yield();
         if (prompt.ProgressVisible() && img.WriteCursor != 0)
             prompt.ProgressSetValue(int(double(img.ReadCursor) / img.WriteCursor * 90.0));
 
         const int start = img.ReadCursor;
-        QByteArray token = img.GetGenomeToken();
+        GenomeToken token = img.GetGenomeToken();
         if (token == "gend")
             break;
         if (token != "gene") {
             const int answer = ShowMessage(
                 QStringLiteral("ERROR. Corrupted genome. Expected 'gene', found") + CRLF + QStringLiteral("'")
-                    + SingleByteText::Decode(token)
+                    + SingleByteText::Decode(token.Text())
                     + QStringLiteral("'. Do you wish me to skip the offending gene and") + CRLF
                     + QStringLiteral("attempt to continue anyway? This could result in") + CRLF
                     + QStringLiteral("a bad genome."),
                 4, QStringLiteral("Gene #") + QString::number(GeneCount) + QStringLiteral(" is corrupted"));
             if (answer != Prompt::Yes)
                 return false;
-            token = img.ResyncGenome(start);
-            if (token == "FAULT") {
+            const std::optional<GenomeToken> found = img.ResyncGenome(start);
+            if (!found) {
                 ShowError(QStringLiteral("Unable to lock onto valid data. Operation aborted."));
                 return false;
             }
+            token = *found;
             if (token == "gend")
                 break;
         }
@@ -78,8 +79,10 @@ bool Session::DecodeGenome()
             return false;
         }
         Gene *g = GeneList[size_t(GeneCount - 1)].get();
-        BodyIO header(img, true, older);
-        g->Header(header, Gene::HeaderFields::Rest);
+        {
+            BodyReader header(img, format);
+            g->Header(header, Gene::HeaderFields::Rest);
+        }
         g->SetMembers();
     }
 
@@ -93,28 +96,27 @@ void Session::EncodeGenome()
     if (GeneCount == 0)
         return;
     if (CompatibilityMode.SwitchesOffOnEncode()) {
-        ShowInfo(QStringLiteral("This genome has been converted to Arkenfold 2 format.") + CRLF
-                 + QStringLiteral("I have to switch compatibility mode off. Use") + CRLF
-                 + QStringLiteral("'Advanced Options' to switch it back on."));
+        ShowInfo(QStringLiteral("This genome has been converted to Arkenfold 2 format.\r\n"
+                                "I have to switch compatibility mode off. Use\r\n"
+                                "'Advanced Options' to switch it back on."));
         CompatibilityMode = QStringLiteral("0");
     }
     ::GenomeImage &img = GenomeImage;
     img.WriteCursor = 0;
-    img.PutGenomeToken(QByteArrayLiteral("dna2"));
+    img.PutGenomeToken("dna2");
     for (int i = 0; i < GeneCount; ++i) {
         GeneList[size_t(i)]->GetMembers();
         if (img.WriteCursor > ::GenomeImage::PickleLimit) {
-            const int answer = ShowMessage(
-                QStringLiteral("A bad situation has occurred. Out of genome RAM") + CRLF
-                    + QStringLiteral("whilst storing genome. Continuing with this operation") + CRLF
-                    + QStringLiteral("is likely to cause the Helixbench to crash. Click") + CRLF
-                    + QStringLiteral("'YES' if you'd like to try anyway."),
-                4, QStringLiteral("Now we're pickled"));
+            const int answer = ShowMessage(QStringLiteral("A bad situation has occurred. Out of genome RAM\r\n"
+                                                          "whilst storing genome. Continuing with this operation\r\n"
+                                                          "is likely to cause the Helixbench to crash. Click\r\n"
+                                                          "'YES' if you'd like to try anyway."),
+                                           4, QStringLiteral("Now we're pickled"));
             if (answer != Prompt::Yes)
                 break;
         }
     }
-    img.PutGenomeToken(QByteArrayLiteral("gend"));
+    img.PutGenomeToken("gend");
 }
 
 void Session::ClearGeneList()

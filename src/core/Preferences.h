@@ -9,8 +9,9 @@
 class StoredSwitch
 {
 public:
-    StoredSwitch(const QString &text = QStringLiteral("0")) : text(text) {}
-    StoredSwitch(const char *text) : text(QString::fromLatin1(text)) {}
+    StoredSwitch(const QString &text = QStringLiteral("0"))
+        : text(text), exactlyOne(text == QLatin1String("1")), notExactlyZero(text != QLatin1String("0")) {}
+    StoredSwitch(const char *text) : StoredSwitch(QString::fromLatin1(text)) {}
 
     const QString &Text() const { return text; }
     bool operator==(const QString &other) const { return text == other; }
@@ -23,11 +24,14 @@ public:
     static QString FromCheckBox(bool on) { return on ? QStringLiteral("1") : QStringLiteral("0"); }
 
 protected:
-    bool IsExactlyOne() const { return text == QLatin1String("1"); }
-    bool IsNotExactlyZero() const { return text != QLatin1String("0"); }
+    // Worked out once, as the text is set: a load asks them for every gene.
+    bool IsExactlyOne() const { return exactlyOne; }
+    bool IsNotExactlyZero() const { return notExactlyZero; }
 
 private:
     QString text;
+    bool exactlyOne;
+    bool notExactlyZero;
 };
 
 // "Compatibility": genomes of the first game. Two steps look only for "1", two for

@@ -1,5 +1,6 @@
 #pragma once
 #include "base/Messages.h"
+#include "core/BodyIO.h"
 #include "core/GeneView.h"
 #include "core/GenomeImage.h"
 #include "core/Preferences.h"
@@ -68,6 +69,11 @@ public:
 
     // --- genome file and codec ---------------------------------------------------------
     bool DecodeGenome();
+    // The layout a load reads, as the compatibility setting asks.
+    BodyFormat LoadFormat() const
+    {
+        return {CompatibilityMode.ReadsOlderGenes(), CompatibilityMode.ReadsOlderAppearance()};
+    }
     void EncodeGenome();
     void ClearGeneList();
     bool AbandonGenome();

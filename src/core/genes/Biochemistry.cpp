@@ -1,8 +1,12 @@
 #include "core/genes/Biochemistry.h"
 
-clsReceptor::clsReceptor(Session &s) : Gene(s, 1, 0) {}
+#include "core/GeneBody.h"
 
-void clsReceptor::Body(BodyIO &io)
+#include <algorithm>
+
+clsReceptor::clsReceptor(Session &s) : GeneBody(s, 1, 0) {}
+
+template <class IO> void clsReceptor::Body(IO &io)
 {
     io.Byte(Organ, 0, 2);
     io.Byte(Tissue);
@@ -14,9 +18,9 @@ void clsReceptor::Body(BodyIO &io)
     io.Byte(Flags);
 }
 
-clsEmitter::clsEmitter(Session &s) : Gene(s, 1, 1) {}
+clsEmitter::clsEmitter(Session &s) : GeneBody(s, 1, 1) {}
 
-void clsEmitter::Body(BodyIO &io)
+template <class IO> void clsEmitter::Body(IO &io)
 {
     io.Byte(Organ, 0, 2);
     io.Byte(Tissue);
@@ -28,9 +32,9 @@ void clsEmitter::Body(BodyIO &io)
     io.Byte(Flags);
 }
 
-clsReaction::clsReaction(Session &s) : Gene(s, 1, 2) {}
+clsReaction::clsReaction(Session &s) : GeneBody(s, 1, 2) {}
 
-void clsReaction::Body(BodyIO &io)
+template <class IO> void clsReaction::Body(IO &io)
 {
     for (int i = 0; i < 4; ++i) {
         io.Byte(Conc[i], 1, 16);
@@ -39,23 +43,27 @@ void clsReaction::Body(BodyIO &io)
     io.Byte(Rate);
 }
 
-clsHalfLives::clsHalfLives(Session &s) : Gene(s, 1, 3)
+clsHalfLives::clsHalfLives(Session &s) : GeneBody(s, 1, 3)
 {
-    for (int i = 0; i < 255; ++i)
-        HalfLife[i] = 255;
+    std::fill_n(HalfLife, 255, quint8(255));
     HalfLife[255] = 0;
 }
 
-void clsHalfLives::Body(BodyIO &io)
+template <class IO> void clsHalfLives::Body(IO &io)
 {
-    for (quint8 &h : HalfLife)
-        io.Byte(h);
+    io.Bytes(HalfLife, 256);
 }
 
-clsInject::clsInject(Session &s) : Gene(s, 1, 4) {}
+clsInject::clsInject(Session &s) : GeneBody(s, 1, 4) {}
 
-void clsInject::Body(BodyIO &io)
+template <class IO> void clsInject::Body(IO &io)
 {
     io.Byte(Chem);
     io.Byte(Conc);
 }
+
+template class GeneBody<clsReceptor>;
+template class GeneBody<clsEmitter>;
+template class GeneBody<clsReaction>;
+template class GeneBody<clsHalfLives>;
+template class GeneBody<clsInject>;

@@ -1,13 +1,15 @@
 #include "core/genes/BodyGenes.h"
 
+#include "core/GeneBody.h"
+
 #include "core/Session.h"
 
 #include <QRandomGenerator>
 #include <cmath>
 
-clsStimulus::clsStimulus(Session &s) : Gene(s, 2, 0) {}
+clsStimulus::clsStimulus(Session &s) : GeneBody(s, 2, 0) {}
 
-void clsStimulus::Body(BodyIO &io)
+template <class IO> void clsStimulus::Body(IO &io)
 {
     io.Byte(stimulus);
     io.Byte(Significance);
@@ -20,7 +22,7 @@ void clsStimulus::Body(BodyIO &io)
     }
 }
 
-clsSpecies::clsSpecies(Session &s) : Gene(s, 2, 1) {}
+clsSpecies::clsSpecies(Session &s) : GeneBody(s, 2, 1) {}
 
 void clsSpecies::CheckMonikers()
 {
@@ -28,7 +30,7 @@ void clsSpecies::CheckMonikers()
     Mum = session.CheckMoniker(Mum, QStringLiteral("M"));
 }
 
-void clsSpecies::Body(BodyIO &io)
+template <class IO> void clsSpecies::Body(IO &io)
 {
     io.Byte(Genus, 0, 3);
     // A bad moniker is replaced before it is written, and the member keeps the result.
@@ -46,9 +48,9 @@ void clsSpecies::GetControls()
     CheckMonikers();
 }
 
-clsAppearance::clsAppearance(Session &s) : Gene(s, 2, 2) {}
+clsAppearance::clsAppearance(Session &s) : GeneBody(s, 2, 2) {}
 
-void clsAppearance::Body(BodyIO &io)
+template <class IO> void clsAppearance::Body(IO &io)
 {
     io.Byte(Region, 0, 5);
     io.Byte(Variety, 0, 25);
@@ -56,9 +58,9 @@ void clsAppearance::Body(BodyIO &io)
         io.Byte(Genus, 0, 3);
 }
 
-clsPose::clsPose(Session &s) : Gene(s, 2, 3) {}
+clsPose::clsPose(Session &s) : GeneBody(s, 2, 3) {}
 
-void clsPose::Body(BodyIO &io)
+template <class IO> void clsPose::Body(IO &io)
 {
     io.Byte(pose);
     if (!io.reading && PoseString.size() != 15)
@@ -66,18 +68,18 @@ void clsPose::Body(BodyIO &io)
     io.Chars(PoseString, 15, 32, 90);
 }
 
-clsGait::clsGait(Session &s) : Gene(s, 2, 4) {}
+clsGait::clsGait(Session &s) : GeneBody(s, 2, 4) {}
 
-void clsGait::Body(BodyIO &io)
+template <class IO> void clsGait::Body(IO &io)
 {
     io.Byte(Drive, 0, 15);
     for (quint8 &a : Anim)
         io.Byte(a);
 }
 
-clsInstinct::clsInstinct(Session &s) : Gene(s, 2, 5) {}
+clsInstinct::clsInstinct(Session &s) : GeneBody(s, 2, 5) {}
 
-void clsInstinct::Body(BodyIO &io)
+template <class IO> void clsInstinct::Body(IO &io)
 {
     for (int i = 0; i < 3; ++i) {
         io.Byte(lobe[i], 0, 7);
@@ -88,30 +90,30 @@ void clsInstinct::Body(BodyIO &io)
     io.Byte(Reinforcement);
 }
 
-clsColour::clsColour(Session &s) : Gene(s, 2, 6) {}
+clsColour::clsColour(Session &s) : GeneBody(s, 2, 6) {}
 
-void clsColour::Body(BodyIO &io)
+template <class IO> void clsColour::Body(IO &io)
 {
     io.Byte(Pigment, 0, 2);
     io.Byte(Intensity);
 }
 
-clsColourBleed::clsColourBleed(Session &s) : Gene(s, 2, 7) {}
+clsColourBleed::clsColourBleed(Session &s) : GeneBody(s, 2, 7) {}
 
-void clsColourBleed::Body(BodyIO &io)
+template <class IO> void clsColourBleed::Body(IO &io)
 {
     io.Byte(Rotation);
     io.Byte(Swap);
 }
 
 OrganGene::OrganGene(Session &s, quint8 type, quint8 subType, quint8 ltRateChange, quint8 atpDamage)
-    : Gene(s, type, subType), LTRateChange(ltRateChange), ATPDamageCoefficient(atpDamage)
+    : GeneBody(s, type, subType), LTRateChange(ltRateChange), ATPDamageCoefficient(atpDamage)
 {
     // A new organ starts its biotick at a random point; a load replaces it at once.
     BiotickStartValue = quint8(std::lround(QRandomGenerator::global()->generateDouble() * 255.0));
 }
 
-void OrganGene::Body(BodyIO &io)
+template <class IO> void OrganGene::Body(IO &io)
 {
     io.Byte(ClockRate);
     io.Byte(LTRateChange);
@@ -123,3 +125,13 @@ void OrganGene::Body(BodyIO &io)
 clsOrgan::clsOrgan(Session &s) : OrganGene(s, 3, 0, 20, 128) {}
 
 clsBorgan::clsBorgan(Session &s) : OrganGene(s, 0, 1, 10, 2) {}
+
+template class GeneBody<clsStimulus>;
+template class GeneBody<clsSpecies>;
+template class GeneBody<clsAppearance>;
+template class GeneBody<clsPose>;
+template class GeneBody<clsGait>;
+template class GeneBody<clsInstinct>;
+template class GeneBody<clsColour>;
+template class GeneBody<clsColourBleed>;
+template class GeneBody<OrganGene>;

@@ -1,8 +1,10 @@
 #include "core/genes/BrainLobe.h"
 
-clsBrainLobe::clsBrainLobe(Session &s) : Gene(s, 0, 0) {}
+#include "core/GeneBody.h"
 
-void clsBrainLobe::Body(BodyIO &io)
+clsBrainLobe::clsBrainLobe(Session &s) : GeneBody(s, 0, 0) {}
+
+template <class IO> void clsBrainLobe::Body(IO &io)
 {
     io.Byte(x, 0, 63);
     io.Byte(y, 0, 63);
@@ -42,3 +44,5 @@ void clsBrainLobe::Body(BodyIO &io)
         }
     }
 }
+
+template class GeneBody<clsBrainLobe>;

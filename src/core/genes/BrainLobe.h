@@ -2,7 +2,7 @@
 #include "core/Gene.h"
 
 // A lobe of the brain: a rectangle of neurones and two dendrite types (index 0 and 1).
-class clsBrainLobe : public Gene
+class clsBrainLobe : public GeneBody<clsBrainLobe>
 {
 public:
     explicit clsBrainLobe(Session &s);
@@ -46,6 +46,5 @@ public:
     int MinDens() const { return (min[0] + min[1]) * Width * Height; }
     int MaxDens() const { return (max[0] + max[1]) * Width * Height; }
 
-protected:
-    void Body(BodyIO &io) override;
+    template <class IO> void Body(IO &io);
 };
