@@ -212,7 +212,7 @@ private slots:
         prompt.AnswerMessage(Prompt::Ok).AnswerMessage(Prompt::Ok);
         Store().SaveUniqueCaptions(Path("missing/pet.gen"));
         Store().SaveDefaultCaptions();
-        QCOMPARE(prompt.shown[0].text, FaultText("Error saving caption file " + Path("missing/pet.gno"), 75, "Path/File access error"));
+        QCOMPARE(prompt.shown[0].text, FaultText("Error saving caption file " + Path("missing/pet.gno"), 76, "Path not found"));
         QCOMPARE(prompt.Last().text, FaultText("Error saving caption file ", 52, "Bad file name or number"));
     }
 
