@@ -46,8 +46,6 @@ private slots:
         QFETCH(int, lo);
         QFETCH(int, hi);
         QFETCH(int, corrected);
-        QFETCH(int, endCursor);
-        QFETCH(int, endCorrected);
 
         auto direct = std::make_unique<GenomeImage>(), walked = std::make_unique<GenomeImage>();
         for (GenomeImage *img : {direct.get(), walked.get()}) {
@@ -68,8 +66,10 @@ private slots:
             }
         }
         QCOMPARE(got, expected);
-        QCOMPARE(QList<int>({walked->ReadCursor, walked->CorrectedErrors}), QList<int>({endCursor, endCorrected}));
-        QCOMPARE(QList<int>({direct->ReadCursor, direct->CorrectedErrors}), QList<int>({endCursor, endCorrected}));
+        QCOMPARE(QList<int>({walked->ReadCursor, walked->CorrectedErrors}),
+                 QList<int>({direct->ReadCursor, direct->CorrectedErrors}));
+        QTEST(int(walked->ReadCursor), "endCursor");
+        QTEST(int(walked->CorrectedErrors), "endCorrected");
     }
 
     // A run of bytes read or written in one copy reads and writes as the same bytes one by
@@ -94,29 +94,16 @@ private slots:
         }
         std::array<quint8, n> byOne{}, byRun{};
         byRun.fill(0xAA); // what the copy leaves must be read, not left over
-        {
-            BodyReader io(*one, BodyFormat{});
-            for (quint8 &v : byOne)
-                io.Byte(v);
-        }
-        {
-            BodyReader io(*run, BodyFormat{});
-            io.Bytes(byRun.data(), n);
-        }
-        QCOMPARE(QByteArray(reinterpret_cast<const char *>(byRun.data()), n),
-                 QByteArray(reinterpret_cast<const char *>(byOne.data()), n));
+        for (quint8 &v : byOne)
+            BodyReader(*one, BodyFormat{}).Byte(v);
+        BodyReader(*run, BodyFormat{}).Bytes(byRun.data(), n);
+        QVERIFY(byRun == byOne);
         QCOMPARE(run->ReadCursor, one->ReadCursor);
 
         const std::array<quint8, n> values{1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12};
-        {
-            BodyWriter io(*one);
-            for (quint8 v : values)
-                io.Byte(v);
-        }
-        {
-            BodyWriter io(*run);
-            io.Bytes(values.data(), n);
-        }
+        for (quint8 v : values)
+            BodyWriter(*one).Byte(v);
+        BodyWriter(*run).Bytes(values.data(), n);
         QVERIFY(one->Bytes == run->Bytes);
         QCOMPARE(QList<int>({run->WriteCursor, run->RefusedWrites}), QList<int>({one->WriteCursor, one->RefusedWrites}));
         QCOMPARE(run->WriteCursor, qMin(start + n, int(GenomeImage::Size)));
@@ -141,18 +128,13 @@ private slots:
         AutoPrompt prompt;
         Session session(prompt);
         clsInject gene(session);
-        gene.GeneType = 1;
-        gene.GeneSubType = 4;
-        gene.ID = 7;
-        gene.Chem = 0x21;
-        gene.Conc = 0x42;
+        std::tie(gene.GeneType, gene.GeneSubType, gene.ID, gene.Chem, gene.Conc) = std::tuple(1, 4, 7, 0x21, 0x42);
         GenomeImage &img = session.GenomeImage;
         img.Bytes.fill(0xEE);
         img.WriteCursor = start;
         gene.WriteRecord(img);
 
         const QByteArray record = QByteArray("gene") + QByteArray::fromHex("0104070000000021") + char(0x42);
-        QCOMPARE(record.size(), 4 + 7 + 2);
         const QByteArray image(reinterpret_cast<const char *>(img.Bytes.data()), GenomeImage::Size);
         QCOMPARE(image.mid(start), record.left(written));
         QCOMPARE(image.left(start), QByteArray(start, char(0xEE)));
@@ -182,15 +164,13 @@ private slots:
         QFETCH(int, start);
         QFETCH(int, at);
         QFETCH(QByteArray, bytes);
-        QFETCH(QByteArray, found);
-        QFETCH(int, cursor);
 
         auto img = std::make_unique<GenomeImage>();
         std::copy(bytes.cbegin(), bytes.cend(), img->Bytes.begin() + at);
         img->ReadCursor = start + 4;
         const std::optional<GenomeToken> token = img->ResyncGenome(start);
-        QCOMPARE(token ? token->Text() : QByteArray(), found);
-        QCOMPARE(img->ReadCursor, cursor);
+        QTEST(token ? token->Text() : QByteArray(), "found");
+        QTEST(int(img->ReadCursor), "cursor");
     }
 
     // Every pair finds its own row, and only the sixteen pairs of the table find one.

@@ -2,7 +2,7 @@
 // user must hear of it once, no temporary file may stay behind, and once there is room again
 // the same save must go through.
 #include "core/Session.h"
-#include "support/ScriptedPrompt.h"
+#include "support/ShownText.h"
 #include "support/TestEnv.h"
 
 #include <QDir>
@@ -120,13 +120,10 @@ class TestFullDisk : public QObject
     QString State(Saved what) const
     {
         const NameLists &l = session->Lists;
-        switch (what) {
-        case Saved::Genome: return session->StatusPanel[1];
-        case Saved::Chemicals: return l.ChemicalsChanged ? "changed" : "saved";
-        case Saved::Poses: return l.PosesChanged ? "changed" : "saved";
-        case Saved::Scripts: return l.ScriptsChanged ? "changed" : "saved";
-        default: return {};
-        }
+        const bool changed[] = {false, false, l.ChemicalsChanged, l.PosesChanged, l.ScriptsChanged, false};
+        if (what == Saved::Genome)
+            return session->StatusPanel[1];
+        return changed[int(what)] ? "changed" : (what == Saved::Captions || what == Saved::Template ? "" : "saved");
     }
 
 private slots:
@@ -185,7 +182,6 @@ private slots:
         QFETCH(QString, file);
         QFETCH(int, style);
         QFETCH(QString, message);
-        QFETCH(QString, saved);
 
         // A first version fits.
         Save(what, false);
@@ -203,8 +199,7 @@ private slots:
         Save(what, true);
         QCOMPARE(Contents(folder), before); // the old file whole, and nothing left beside it
         QCOMPARE(prompt.MessageTexts(), QStringList(message.arg(Path(file))));
-        QCOMPARE(prompt.Last().title, QStringLiteral("Helixbench"));
-        QCOMPARE(prompt.Last().style, style);
+        QCOMPARE(ShownText(prompt.Last()), ShownText("Helixbench", style, message.arg(Path(file))));
         QCOMPARE(State(what), state);
 
         // With room again, the same save goes through.
@@ -213,7 +208,7 @@ private slots:
         QCOMPARE(prompt.MessageTexts(), QStringList());
         QCOMPARE(TestFiles::Read(Path(file)), next);
         QCOMPARE(Contents(folder).keys(), before.keys());
-        QCOMPARE(State(what), saved.replace("%1", Path(file).right(20)));
+        QTEST(State(what).replace(Path(file).right(20), "%1"), "saved");
     }
 };
 

@@ -11,10 +11,7 @@ class TestSettings : public QObject
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        FreshSession(sandbox, prompt, session);
-    }
+    void init() { FreshSession(sandbox, prompt, session); }
 
     void cleanup() { QVERIFY2(prompt.AllAnswered(), "a queued answer was not asked for"); }
 
@@ -74,8 +71,7 @@ private slots:
     void normalisePath()
     {
         QFETCH(QString, text);
-        QFETCH(QString, expected);
-        QCOMPARE(Session::NormalisePath(text), expected);
+        QTEST(Session::NormalisePath(text), "expected");
     }
 
     // The welcome comes on the first run only, and again only when the mark is "no" (each answer

@@ -102,8 +102,7 @@ private slots:
     void damagedSources()
     {
         QFETCH(QString, source);
-        QFETCH(QString, text);
-        QCOMPARE(PlainText(Read(source)), text);
+        QTEST(PlainText(Read(source)), "text");
     }
 };
 
