@@ -22,22 +22,10 @@
 #include "views/frmChangeDefaultTemplate.h"
 #include "widgets/Placement.h"
 
-#include <QAbstractScrollArea>
-#include <QApplication>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QGroupBox>
-#include <QHeaderView>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPointer>
-#include <QPushButton>
-#include <QRegularExpression>
-#include <QScreen>
-#include <QRadioButton>
-#include <QStyleOptionComboBox>
-#include <QTabWidget>
-#include <QTest>
+#include <QtTest>
+#include <QtWidgets>
+
+#include <functional>
 
 namespace {
 
@@ -172,45 +160,39 @@ class TestFit : public QObject
     std::unique_ptr<Session> session;
     std::unique_ptr<HelixbenchForm> window;
 
+    QMap<QString, Gene *> editors; // the first gene of each editor's kind
+    // The other windows, each opened as the program opens it.
+    using Opener = std::function<QWidget *(Session &, QWidget *)>;
+    const QList<QPair<QString, Opener>> dialogs = {
+        {"frmSVRule", [](Session &s, QWidget *m) { return new frmSVRule(s, m); }},
+        {"GeneNotesForm", [](Session &s, QWidget *m) { return new GeneNotesForm(s, m); }},
+        {"NewGeneForm", [](Session &s, QWidget *m) { return new NewGeneForm(s, m); }},
+        {"frmOptions", [](Session &s, QWidget *m) { return new frmOptions(s, m); }},
+        {"frmChangeDefaultTemplate", [](Session &s, QWidget *m) { return frmChangeDefaultTemplate::Open(s, m); }},
+        {"frmReorganise", [](Session &s, QWidget *m) { return frmReorganise::Open(s, [] {}, m); }},
+        {"frmChromosomeMap", [](Session &s, QWidget *m) { return new frmChromosomeMap(s, m); }},
+        {"frmRTFChemicalList", [](Session &s, QWidget *m) { return frmRTFChemicalList::Open(s, m); }},
+        {"GenomeCompareForm", [](Session &s, QWidget *m) { return GenomeCompareForm::Open(s, m); }},
+        {"AboutForm", [](Session &, QWidget *m) { return AboutForm::Open(m); }},
+        {"HelpWindow", [this](Session &, QWidget *) -> QWidget * {
+             return window->Help->ShowHelpAnchor(QStringLiteral("contents")) ? window->Help->Window() : nullptr;
+         }},
+    };
+
     // Opens the window of that name, as the program would.
     QWidget *Open(const QString &name)
     {
-        Session &s = *session;
-        QWidget *main = window.get();
         if (name.startsWith(QLatin1String("tab"))) {
             window->SSTab1->setCurrentIndex(name.mid(3).toInt());
-            return main;
+            return window.get();
         }
-        for (int n = 0; n < s.GeneCount; ++n) {
-            Gene *g = s.GeneAt(n);
-            const GeneKindInfo *kind = g ? GeneKinds::Find(g->GeneType, g->GeneSubType) : nullptr;
-            if (kind && name == QLatin1String(kind->dialogName)) {
-                g->OpenView();
-                return dynamic_cast<QWidget *>(g->View);
-            }
+        if (Gene *g = editors.value(name)) {
+            g->OpenView();
+            return dynamic_cast<QWidget *>(g->View);
         }
-        if (name == QLatin1String("frmSVRule"))
-            return new frmSVRule(s, main);
-        if (name == QLatin1String("GeneNotesForm"))
-            return new GeneNotesForm(s, main);
-        if (name == QLatin1String("NewGeneForm"))
-            return new NewGeneForm(s, main);
-        if (name == QLatin1String("frmOptions"))
-            return new frmOptions(s, main);
-        if (name == QLatin1String("frmChangeDefaultTemplate"))
-            return frmChangeDefaultTemplate::Open(s, main);
-        if (name == QLatin1String("frmReorganise"))
-            return frmReorganise::Open(s, [] {}, main);
-        if (name == QLatin1String("frmChromosomeMap"))
-            return new frmChromosomeMap(s, main);
-        if (name == QLatin1String("frmRTFChemicalList"))
-            return frmRTFChemicalList::Open(s, main);
-        if (name == QLatin1String("GenomeCompareForm"))
-            return GenomeCompareForm::Open(s, main);
-        if (name == QLatin1String("AboutForm"))
-            return AboutForm::Open(main);
-        if (name == QLatin1String("HelpWindow"))
-            return window->Help->ShowHelpAnchor(QStringLiteral("contents")) ? window->Help->Window() : nullptr;
+        for (const auto &[dialog, open] : dialogs)
+            if (dialog == name)
+                return open(*session, window.get());
         return nullptr;
     }
 
@@ -228,26 +210,23 @@ private slots:
         // The kinds the sample lacks: a genus and a gait gene.
         QVERIFY(session->CreateGene(2, 1, false));
         QVERIFY(session->CreateGene(2, 4, false));
+        for (int n = 0; n < session->GeneCount; ++n) {
+            Gene *g = session->GeneAt(n);
+            const GeneKindInfo *kind = g ? GeneKinds::Find(g->GeneType, g->GeneSubType) : nullptr;
+            if (kind && !editors.contains(QLatin1String(kind->dialogName)))
+                editors.insert(QLatin1String(kind->dialogName), g);
+        }
     }
 
     void fits_data()
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<bool>("large");
-        QStringList names;
+        QStringList names = editors.keys();
         for (int t = 0; t < 7; ++t)
             names << QStringLiteral("tab%1").arg(t);
-        for (int n = 0; n < session->GeneCount; ++n) {
-            Gene *g = session->GeneAt(n);
-            const GeneKindInfo *kind = g ? GeneKinds::Find(g->GeneType, g->GeneSubType) : nullptr;
-            if (kind && !names.contains(QLatin1String(kind->dialogName)))
-                names << QLatin1String(kind->dialogName);
-        }
-        names << QStringLiteral("frmSVRule") << QStringLiteral("GeneNotesForm") << QStringLiteral("NewGeneForm")
-              << QStringLiteral("frmOptions") << QStringLiteral("frmChangeDefaultTemplate")
-              << QStringLiteral("frmReorganise") << QStringLiteral("frmChromosomeMap")
-              << QStringLiteral("frmRTFChemicalList") << QStringLiteral("GenomeCompareForm")
-              << QStringLiteral("AboutForm") << QStringLiteral("HelpWindow");
+        for (const auto &dialog : dialogs)
+            names << dialog.first;
         for (const QString &name : names) {
             QTest::newRow(qPrintable(name + QStringLiteral(" small"))) << name << false;
             QTest::newRow(qPrintable(name + QStringLiteral(" large"))) << name << true;

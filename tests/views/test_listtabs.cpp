@@ -8,14 +8,8 @@
 #include "views/HelixbenchForm.h"
 #include "views/PoseTab.h"
 
-#include <QAction>
-#include <QDir>
-#include <QLabel>
-#include <QMenu>
-#include <QPushButton>
-#include <QTabWidget>
-#include <QTreeWidget>
 #include <QtTest>
+#include <QtWidgets>
 
 class TestListTabs : public QObject
 {

@@ -5,11 +5,8 @@
 #include "support/ScriptedPrompt.h"
 #include "widgets/Placement.h"
 
-#include <QApplication>
-#include <QGuiApplication>
-#include <QScreen>
-#include <QTest>
-#include <QWidget>
+#include <QtTest>
+#include <QtWidgets>
 
 namespace {
 QRect Area() { return QGuiApplication::primaryScreen()->availableGeometry(); }

@@ -2,15 +2,8 @@
 // an input box for its prompt), and gives the focus back to where it was when it goes.
 #include "widgets/QtPrompt.h"
 
-#include <QApplication>
-#include <QDialog>
-#include <QInputDialog>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMessageBox>
-#include <QTest>
-#include <QTimer>
-#include <QVBoxLayout>
+#include <QtTest>
+#include <QtWidgets>
 
 class TestPrompt : public QObject
 {
@@ -35,10 +28,9 @@ private slots:
         QWidget mainWindow;
         mainWindow.show();
         QDialog dialog(&mainWindow);
-        auto *first = new QLineEdit(&dialog);
-        auto *second = new QLineEdit(&dialog);
         auto *layout = new QVBoxLayout(&dialog);
-        layout->addWidget(first);
+        layout->addWidget(new QLineEdit);
+        auto *second = new QLineEdit;
         layout->addWidget(second);
         dialog.show();
         dialog.activateWindow();
@@ -48,25 +40,25 @@ private slots:
 
         QtPrompt prompt;
         prompt.SetParentWindow(&mainWindow);
-        // What the box was while it stood: it is gone once the prompt returns.
-        bool shown = false;
-        QWidget *owner = nullptr;
-        int width = 0;
-        QFont font;
-        bool textWhole = false;
+        // What the box was while it stood (it is gone once the prompt returns): its owner, and
+        // whether it has room for its title in bold with the buttons of the title bar, and
+        // shows its prompt whole, on one line or wrapped over as many as it needs.
+        QStringList seen;
         QTimer poll;
         connect(&poll, &QTimer::timeout, this, [&] {
             for (QWidget *w : QApplication::topLevelWidgets())
                 if ((qobject_cast<QMessageBox *>(w) || qobject_cast<QInputDialog *>(w)) && w->isVisible()) {
-                    shown = true;
-                    owner = w->parentWidget();
-                    width = w->width();
-                    font = w->font();
-                    // The prompt shows whole, on one line or wrapped over as many as it needs.
+                    QFont bold = w->font();
+                    bold.setBold(true);
+                    const int titleRoom = QFontMetrics(bold).horizontalAdvance(title) + 3 * QFontMetrics(bold).height();
+                    seen << (w->parentWidget() == &dialog ? "over the dialog" : "elsewhere")
+                         << (w->width() >= titleRoom ? QStringLiteral("wide enough")
+                                                     : QStringLiteral("width %1 < %2").arg(w->width()).arg(titleRoom));
                     for (QLabel *l : w->findChildren<QLabel *>())
-                        if (l->text() == text)
-                            textWhole = l->wordWrap() ? l->height() >= l->heightForWidth(l->width())
-                                                      : l->width() >= l->fontMetrics().horizontalAdvance(text);
+                        if (input && l->text() == text)
+                            seen << ((l->wordWrap() ? l->height() >= l->heightForWidth(l->width())
+                                                    : l->width() >= l->fontMetrics().horizontalAdvance(text))
+                                         ? "prompt whole" : "prompt cut");
                     static_cast<QDialog *>(w)->accept();
                 }
         });
@@ -76,14 +68,7 @@ private slots:
         else
             prompt.Message(title, text, 0);
         poll.stop();
-        QVERIFY(shown);
-        QCOMPARE(owner, &dialog);
-        QFont bold = font;
-        bold.setBold(true);
-        const int titleRoom = QFontMetrics(bold).horizontalAdvance(title) + 3 * QFontMetrics(bold).height();
-        QVERIFY2(width >= titleRoom, qPrintable(QStringLiteral("%1 < %2").arg(width).arg(titleRoom)));
-        if (input)
-            QVERIFY(textWhole);
+        QCOMPARE(seen, QStringList({"over the dialog", "wide enough"}) + QStringList(input, QStringLiteral("prompt whole")));
         QTRY_COMPARE(QApplication::activeWindow(), &dialog);
         QTRY_COMPARE(QApplication::focusWidget(), second);
     }
