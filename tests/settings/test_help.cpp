@@ -87,8 +87,7 @@ private slots:
         QCOMPARE(Shown(), QStringLiteral("contents"));
         // The help window stands on the screen, frame and all (run again at twice the scale).
         const QRect area = help->Window()->screen()->availableGeometry(), at = help->Window()->frameGeometry();
-        QVERIFY2(area.contains(at), qPrintable(QStringLiteral("%1x%2 at %3,%4 on %5x%6").arg(at.width()).arg(at.height())
-            .arg(at.x()).arg(at.y()).arg(area.width()).arg(area.height())));
+        QVERIFY2(area.contains(at), qPrintable(QDebug::toString(at) + " on " + QDebug::toString(area)));
     }
 
     // The rule dialog is modal: F1 there opens the help as a window of that dialog (a modal
