@@ -39,8 +39,7 @@ private slots:
     {
         clsReaction *g = AddReaction();
         const quint8 conc[4] = {2, 16, 9, 1}, chem[4] = {255, 7, 0, 128};
-        for (int i = 0; i < 4; ++i)
-            g->Conc[i] = conc[i], g->Chem[i] = chem[i];
+        std::copy(conc, conc + 4, g->Conc), std::copy(chem, chem + 4, g->Chem);
         kit.session->Lists.ChemicalNames[128] = QStringLiteral("Glycogen");
         auto *e = kit.Open<frmReaction>(g);
         QString shown;
@@ -90,10 +89,8 @@ private slots:
     void halfLives()
     {
         auto *g = static_cast<clsHalfLives *>(kit.Add(1, 3));
-        const int numbers[6] = {255, 20, 23, 7, 5, 131};
-        for (int i = 0; i < 6; ++i)
-            g->HalfLife[i] = quint8(numbers[i]);
-        g->HalfLife[200] = 201;
+        const quint8 numbers[6] = {255, 20, 23, 7, 5, 131};
+        std::copy(numbers, numbers + 6, g->HalfLife), g->HalfLife[200] = 201;
         auto *e = kit.Open<frmHalfLives>(g);
         QCOMPARE(e->lstChem->count(), 256);
         QCOMPARE(State(e), QStringLiteral("row 0 at 0 shows 0 keeps 255"));
