@@ -22,9 +22,6 @@ class TestSpeciesPoseGait : public QObject
     {
         return who + "'s moniker " + fault + ".\r\nIt has been corrected to: " + (who == "Father" ? "ADAM" : "EVE_");
     }
-    // What a combo shows: the selected item's text, or in brackets the grey number of a value
-    // its list has no item for.
-    QString Shown(QComboBox *c) { return c->currentIndex() >= 0 ? c->currentText() : "(" + c->placeholderText() + ")"; }
 
 private slots:
     void init() { kit.Init(); }
@@ -96,7 +93,7 @@ private slots:
         auto *g = static_cast<clsAppearance *>(kit.Add(2, 2));
         g->Region = quint8(values[0]), g->Variety = quint8(values[1]), g->Genus = quint8(values[2]);
         auto *e = kit.Open<frmAppearance>(g);
-        QTEST(QStringList({Shown(e->lstRegion), Shown(e->lstVariety), Shown(e->lstGenus)}), "shown");
+        QTEST(QStringList({ComboShown(e->lstRegion), ComboShown(e->lstVariety), ComboShown(e->lstGenus)}), "shown");
         e->btnOk->click();
         QCOMPARE(QList<int>({g->Region, g->Variety, g->Genus}), values);
     }

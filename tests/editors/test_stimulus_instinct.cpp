@@ -19,8 +19,6 @@ class TestStimulusInstinct : public QObject
     Q_OBJECT
     EditorTestKit kit;
 
-    // What a combo shows: the selected item's text, or the grey text standing in for none.
-    static QString Shown(QComboBox *c) { return c->currentIndex() >= 0 ? c->currentText() : "~" + c->placeholderText(); }
 
 private slots:
     void init() { kit.Init(); }
@@ -35,12 +33,12 @@ private slots:
         QTest::newRow("neurone 255 is none") << ComboRow{"lstNeu", 255, "<none>", -1, 255};
         QTest::newRow("neurone 0 the first") << ComboRow{"lstNeu", 0, "I've been patted", -1, 0};
         QTest::newRow("neurone 31 the last") << ComboRow{"lstNeu", 31, "Hitting the ground post fall", -1, 31};
-        QTest::newRow("neurone 32 no item") << ComboRow{"lstNeu", 32, "~32 (no name)", -1, 32};
+        QTest::newRow("neurone 32 no item") << ComboRow{"lstNeu", 32, "(32 (no name))", -1, 32};
         QTest::newRow("<none> picked") << ComboRow{"lstNeu", 1, "I've been slapped", 0, 255};
         QTest::newRow("last neurone picked") << ComboRow{"lstNeu", 255, "<none>", 32, 31};
         QTest::newRow("stimulus 45 the last") << ComboRow{"lstStim", 45, "I've mated", -1, 45};
-        QTest::newRow("stimulus 46 no item") << ComboRow{"lstStim", 46, "~46 (no name)", -1, 46};
-        QTest::newRow("stimulus picked over 200") << ComboRow{"lstStim", 200, "~200 (no name)", 3, 3};
+        QTest::newRow("stimulus 46 no item") << ComboRow{"lstStim", 46, "(46 (no name))", -1, 46};
+        QTest::newRow("stimulus picked over 200") << ComboRow{"lstStim", 200, "(200 (no name))", 3, 3};
     }
     void combosOverBytes()
     {
@@ -50,7 +48,7 @@ private slots:
         field = quint8(row.value);
         GeneEditor *e = kit.Open(g);
         QComboBox *c = Child<QComboBox>(e, row.combo);
-        QCOMPARE(Shown(c), row.shown);
+        QCOMPARE(ComboShown(c), row.shown);
         if (row.pick >= 0)
             c->setCurrentIndex(row.pick);
         e->btnOk->click();
@@ -126,7 +124,8 @@ private slots:
         auto *e = kit.Open<frmInstinct>(g);
         QCOMPARE(QList<int>({e->lstReinforcer->currentIndex(), e->scrReinforcement->value()}), QList<int>({204, 77}));
         e->lstLobe[1]->setCurrentIndex(7);
-        QCOMPARE(QStringList({Shown(e->lstNeu[0]), Shown(e->lstNeu[1]), Shown(e->lstNeu[2]), Shown(e->lstMotor)}),
+        QCOMPARE(QStringList({ComboShown(e->lstNeu[0]), ComboShown(e->lstNeu[1]), ComboShown(e->lstNeu[2]),
+                              ComboShown(e->lstMotor)}),
                  QStringList({"<ID 5>", " IT is <ID 0>", "Noun: <ID 7>", "<unallocated2>"}));
         e->lstNeu[1]->setCurrentIndex(30);
         e->scrReinforcement->setValue(255);
