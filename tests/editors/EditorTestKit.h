@@ -22,6 +22,13 @@ template <typename T> T *Child(QWidget *w, const QString &name)
     return c;
 }
 
+// What a combo shows: the selected item's text, or in brackets the grey text standing in for
+// a value its list has no item for.
+inline QString ComboShown(QComboBox *c)
+{
+    return c->currentIndex() >= 0 ? c->currentText() : "(" + c->placeholderText() + ")";
+}
+
 inline void FlushDeletes() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
 // Once the event loop runs (inside the dialog's exec), hands the modal dialog of type D to act.

@@ -102,58 +102,40 @@ private slots:
                                 "chkLoseStrength_0|scrLoseStrength_0|/btnLoseStrengthRule_0|lblLoseStrengthRule_0| >0"));
     }
 
-    // Time sliders (Leakage, RelaxSus, RelaxSTW) show a byte in eighths, rounded half to even,
-    // and store position * 8.
+    // What a field the controls cannot hold becomes: time sliders (Leakage, RelaxSus, RelaxSTW)
+    // show a byte in eighths, rounded half to even, and store position * 8; only the four flags
+    // with boxes stay; a source or spread beyond its list shows and stores item 1. That every
+    // other field comes back as it was is the test over every editor.
     void fieldsGoThroughTheEditor()
     {
-        // Every field in file order (rules aside), and a value for each.
-        auto fields = [](clsBrainLobe &g) {
-            QList<quint8 *> f = {&g.x, &g.y, &g.Width, &g.Height, &g.Perceptible, &g.Threshold, &g.Leakage,
-                                 &g.RestState, &g.Attenuation, &g.Flags};
-            for (int i = 0; i < 2; ++i)
-                f << &g.Source[i] << &g.min[i] << &g.max[i] << &g.Spread[i] << &g.FanWidth[i] << &g.InitialLTWMin[i]
-                  << &g.InitialLTWMax[i] << &g.InitialStrengthMin[i] << &g.InitialStrengthMax[i] << &g.Migration[i]
-                  << &g.RelaxSus[i] << &g.RelaxSTW[i] << &g.LTWRate[i] << &g.GainStrength[i] << &g.LoseStrength[i];
-            return f;
-        };
-        QList<int> values = {3, 4, 5, 6, 2, 10, 20, 11, 12, 0xF5, // Flags: bits above 8 have no box
-                             17, 20, 30, 3, 7, 40, 50, 60, 70, 1, 28, 253, 100, 110, 120,
-                             2, 21, 31, 5, 6, 41, 51, 61, 71, 2, 88, 104, 101, 111, 121};
         clsBrainLobe *g = AddLobe();
-        for (int k = 0; k < values.size(); ++k)
-            *fields(*g)[k] = quint8(values[k]);
+        g->Width = 5, g->Height = 6, g->Leakage = 20, g->Flags = 0xF5, g->Source[0] = 17, g->Spread[1] = 5;
+        g->RelaxSus[0] = 28, g->RelaxSTW[0] = 253, g->RelaxSus[1] = 88, g->RelaxSTW[1] = 104;
         auto *e = kit.Open<frmBrainLobe>(g);
         QCOMPARE(e->lblNum->text(), QStringLiteral(" 30 neurone(s)"));
         QCOMPARE(Bar(e, "scrLeakage")->value(), 2);
         QVERIFY(Child<QCheckBox>(e, "chkFlags_2")->isChecked() && !Child<QCheckBox>(e, "chkFlags_1")->isChecked());
         QCOMPARE(Child<QComboBox>(e, "lstSource_0")->currentIndex(), 1);
         e->btnOk->click();
-        // Eighths: 20 and 28 round to even, 253 to the top (31); only the four flags with boxes
-        // stay; Source 17 and Spread 5 of dendrite 1 show and store item 1.
-        values[6] = 16, values[20] = 32, values[21] = 248, values[9] = 5, values[10] = 1, values[28] = 1;
-        QList<int> got;
-        for (quint8 *f : fields(*g))
-            got << *f;
-        QCOMPARE(got, values);
+        QCOMPARE(QList<int>({g->Leakage, g->Flags, g->Source[0], g->Spread[1], g->RelaxSus[0], g->RelaxSTW[0],
+                             g->RelaxSus[1], g->RelaxSTW[1]}),
+                 QList<int>({16, 5, 1, 1, 32, 248, 88, 104}));
     }
 
     // The option of the stored value shows (none for a value beyond the options: the first
     // stays) and each option stores its index: Perceptible and dendrite 1's Migration.
     void options_data()
     {
-        QTest::addColumn<int>("stored");
-        QTest::addColumn<int>("shown");
-        QTest::addColumn<int>("picked"); // -1 for none
-        QTest::newRow("0, Mutually exclusive picked") << 0 << 0 << 2;
-        QTest::newRow("1, No picked") << 1 << 1 << 0;
-        QTest::newRow("2, Yes picked") << 2 << 2 << 1;
-        QTest::newRow("7, kept as shown") << 7 << 0 << -1;
+        QTest::addColumn<QList<int>>("row"); // stored, shown, picked (-1 for none)
+        QTest::newRow("0, Mutually exclusive picked") << QList<int>{0, 0, 2};
+        QTest::newRow("1, No picked") << QList<int>{1, 1, 0};
+        QTest::newRow("2, Yes picked") << QList<int>{2, 2, 1};
+        QTest::newRow("7, kept as shown") << QList<int>{7, 0, -1};
     }
     void options()
     {
-        QFETCH(int, stored);
-        QFETCH(int, shown);
-        QFETCH(int, picked);
+        QFETCH(QList<int>, row);
+        const int stored = row[0], shown = row[1], picked = row[2];
         clsBrainLobe *g = AddLobe();
         g->Perceptible = g->Migration[1] = quint8(stored);
         auto *e = kit.Open<frmBrainLobe>(g);
@@ -227,9 +209,8 @@ private slots:
         g->GainStrength[1] = 5; // a rate of 0 would disable the gain rule's button
         g->StateRule = Rule{5, 31, 2, 0, 9}, g->BPRule2 = Rule{200, 41};
         auto *e = kit.Open<frmBrainLobe>(g);
-        QCOMPARE(e->lblStateRule->text(), QStringLiteral("chem 0:PLUS:1:"));
-        QCOMPARE(e->lblBPRule[1]->text(), QStringLiteral("E!(200): <ERROR>:"));
-        QCOMPARE(e->lblGainStrengthRule[1]->text(), QStringLiteral("<undefined>"));
+        QCOMPARE(e->lblStateRule->text() + '|' + e->lblBPRule[1]->text() + '|' + e->lblGainStrengthRule[1]->text(),
+                 QStringLiteral("chem 0:PLUS:1:|E!(200): <ERROR>:|<undefined>"));
 
         EditRule(e, "btnGainStrengthRule_1", {5, 31, 2}, true);
         QCOMPARE(g->GainStrengthRule2, StateRule(Rule{5, 31, 2}));

@@ -7,6 +7,9 @@
 #include "editors/frmInject.h"
 #include "editors/frmReaction.h"
 
+struct RateRow { int rate, position; bool moved; int storedRate; QString typed; int storedAmount; };
+Q_DECLARE_METATYPE(RateRow)
+
 class TestChemistryEditors : public QObject
 {
     Q_OBJECT
@@ -36,8 +39,7 @@ private slots:
     {
         clsReaction *g = AddReaction();
         const quint8 conc[4] = {2, 16, 9, 1}, chem[4] = {255, 7, 0, 128};
-        for (int i = 0; i < 4; ++i)
-            g->Conc[i] = conc[i], g->Chem[i] = chem[i];
+        std::copy(conc, conc + 4, g->Conc), std::copy(chem, chem + 4, g->Chem);
         kit.session->Lists.ChemicalNames[128] = QStringLiteral("Glycogen");
         auto *e = kit.Open<frmReaction>(g);
         QString shown;
@@ -57,34 +59,26 @@ private slots:
     // held within a byte.
     void reactionRateAndAmount_data()
     {
-        QTest::addColumn<int>("rate");
-        QTest::addColumn<int>("position");
-        QTest::addColumn<bool>("moved"); // the slider moved away and back
-        QTest::addColumn<int>("storedRate");
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<int>("storedAmount");
-        QTest::newRow("rate 4, amount -2") << 4 << 0 << false << 0 << "-2" << 0;
-        QTest::newRow("rate 12, amount 300") << 12 << 2 << false << 16 << "300" << 255;
-        QTest::newRow("rate 20, amount 2.5") << 20 << 2 << false << 16 << "2.5" << 2;
-        QTest::newRow("rate 251, amount 7 moles") << 251 << 31 << false << 248 << "7 moles" << 7;
-        QTest::newRow("rate 252 kept, amount abc") << 252 << 31 << false << 252 << "abc" << 0;
-        QTest::newRow("rate 255 moved, amount 200") << 255 << 31 << true << 248 << "200" << 200;
+        QTest::addColumn<RateRow>("row");
+        QTest::newRow("rate 4, amount -2") << RateRow{4, 0, false, 0, "-2", 0};
+        QTest::newRow("rate 12, amount 300") << RateRow{12, 2, false, 16, "300", 255};
+        QTest::newRow("rate 20, amount 2.5") << RateRow{20, 2, false, 16, "2.5", 2};
+        QTest::newRow("rate 251, amount 7 moles") << RateRow{251, 31, false, 248, "7 moles", 7};
+        QTest::newRow("rate 252 kept, amount abc") << RateRow{252, 31, false, 252, "abc", 0};
+        QTest::newRow("rate 255 moved, amount 200") << RateRow{255, 31, true, 248, "200", 200};
     }
     void reactionRateAndAmount()
     {
-        QFETCH(int, rate);
-        QFETCH(QString, typed);
+        QFETCH(RateRow, row);
         clsReaction *g = AddReaction();
-        g->Rate = quint8(rate);
+        g->Rate = quint8(row.rate);
         auto *e = kit.Open<frmReaction>(g);
-        QTEST(e->scrRate->value(), "position");
-        QFETCH(bool, moved);
-        if (moved)
+        QCOMPARE(e->scrRate->value(), row.position);
+        if (row.moved) // the slider moved away and back
             e->scrRate->setValue(30), e->scrRate->setValue(31);
-        e->txtConc[3]->setText(typed);
+        e->txtConc[3]->setText(row.typed);
         e->btnOk->click();
-        QTEST(int(g->Rate), "storedRate");
-        QTEST(int(g->Conc[3]), "storedAmount");
+        QCOMPARE(QList<int>({g->Rate, g->Conc[3]}), QList<int>({row.storedRate, row.storedAmount}));
     }
 
     // After opening, chemical 0 is selected but its number is not shown; a click on any row,
@@ -95,10 +89,8 @@ private slots:
     void halfLives()
     {
         auto *g = static_cast<clsHalfLives *>(kit.Add(1, 3));
-        const int numbers[6] = {255, 20, 23, 7, 5, 131};
-        for (int i = 0; i < 6; ++i)
-            g->HalfLife[i] = quint8(numbers[i]);
-        g->HalfLife[200] = 201;
+        const quint8 numbers[6] = {255, 20, 23, 7, 5, 131};
+        std::copy(numbers, numbers + 6, g->HalfLife), g->HalfLife[200] = 201;
         auto *e = kit.Open<frmHalfLives>(g);
         QCOMPARE(e->lstChem->count(), 256);
         QCOMPARE(State(e), QStringLiteral("row 0 at 0 shows 0 keeps 255"));

@@ -7,6 +7,9 @@
 #include <QScreen>
 #include <QSignalSpy>
 
+struct HeaderRow { int in; QString shown; int pick, out; QString typed; int weight; };
+Q_DECLARE_METATYPE(HeaderRow)
+
 class TestFramework : public QObject
 {
     Q_OBJECT
@@ -22,30 +25,20 @@ private slots:
 
     // in: the Mutability byte; shown: the Mutable, Duplicable, Removable and Ignore boxes and
     // the sex option; pick: the option chosen (-1 none); out: the byte stored after Duplicable
-    // is toggled; typed: txtMutability; weight: stored.
+    // is toggled; typed: txtMutability; weight: stored. Every row checks the header's tab order.
     void headerBinding_data()
     {
-        QTest::addColumn<int>("in");
-        QTest::addColumn<QString>("shown");
-        QTest::addColumn<int>("pick");
-        QTest::addColumn<int>("out");
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<int>("weight");
-        QTest::newRow("both sexes: male wins; weight wraps") << 24 << "0000M" << -1 << (8 | 2) << "1000" << 232;
-        QTest::newRow("B stores neither; half to even") << (16 | 1 | 32) << "1001F" << 0 << (1 | 2 | 32) << "2.5" << 2;
-        QTest::newRow("negative folds up") << (2 | 4) << "0110B" << 2 << (4 | 16) << "-1" << 255;
+        QTest::addColumn<HeaderRow>("row");
+        QTest::newRow("both sexes: male wins; weight wraps") << HeaderRow{24, "0000M", -1, 8 | 2, "1000", 232};
+        QTest::newRow("B stores neither; half to even") << HeaderRow{16 | 1 | 32, "1001F", 0, 1 | 2 | 32, "2.5", 2};
+        QTest::newRow("negative folds up") << HeaderRow{2 | 4, "0110B", 2, 4 | 16, "-1", 255};
     }
 
     void headerBinding()
     {
-        QFETCH(int, in);
-        QFETCH(QString, shown);
-        QFETCH(int, pick);
-        QFETCH(int, out);
-        QFETCH(QString, typed);
-        QFETCH(int, weight);
+        QFETCH(HeaderRow, row);
         Gene *g = Add(2, 3);
-        g->Mutability = quint8(in), g->SwitchOn = 4, g->MutabilityWeighting = 77;
+        g->Mutability = quint8(row.in), g->SwitchOn = 4, g->MutabilityWeighting = 77;
         GeneEditor *e = kit.Open(g);
         QComboBox *lst = SwitchOn(g);
         auto *mutability = Child<QLineEdit>(e, "txtMutability");
@@ -56,28 +49,24 @@ private slots:
             seen += Child<QCheckBox>(e, box)->isChecked() ? '1' : '0';
         for (QRadioButton *o : e->findChildren<QRadioButton *>(QRegularExpression(QStringLiteral("^optSex_[0-2]$"))))
             seen += o->isChecked() ? o->text() : QString();
-        QCOMPARE(seen, "7EmbryoSenile477 " + shown);
-
-        Child<QCheckBox>(e, "chkDuplicable")->toggle();
-        if (pick >= 0)
-            Child<QRadioButton>(e, QStringLiteral("optSex_%1").arg(pick))->setChecked(true);
-        lst->setCurrentIndex(6);
-        mutability->setText(typed);
-        QCOMPARE(mutability->text(), typed); // not tidied while typing
-        e->btnOk->click();
-        QCOMPARE(QList<int>({g->Mutability, g->SwitchOn, g->MutabilityWeighting}), QList<int>({out, 6, weight}));
-    }
-
-    // Tab crosses the header row by row, as its controls stand.
-    void headerTabOrder()
-    {
-        GeneEditor *e = kit.Open(Add(2, 3));
+        QCOMPARE(seen, "7EmbryoSenile477 " + row.shown);
+        // Tab crosses the header row by row, as its controls stand.
         QStringList order;
-        for (QWidget *w = SwitchOn(e->Owner); order.size() < 9; w = w->nextInFocusChain())
+        for (QWidget *w = lst; order.size() < 9; w = w->nextInFocusChain())
             if (w->focusPolicy() & Qt::TabFocus)
                 order << w->objectName();
-        QCOMPARE(order, QStringList({"lstSwitchOn", "chkMutable", "txtMutability", "chkDuplicable", "chkRemovable",
-                                     "optSex_0", "optSex_1", "optSex_2", "chkIgnore"}));
+        QCOMPARE(order.join(' '), QStringLiteral("lstSwitchOn chkMutable txtMutability chkDuplicable chkRemovable "
+                                                 "optSex_0 optSex_1 optSex_2 chkIgnore"));
+
+        Child<QCheckBox>(e, "chkDuplicable")->toggle();
+        if (row.pick >= 0)
+            Child<QRadioButton>(e, QStringLiteral("optSex_%1").arg(row.pick))->setChecked(true);
+        lst->setCurrentIndex(6);
+        mutability->setText(row.typed);
+        QCOMPARE(mutability->text(), row.typed); // not tidied while typing
+        e->btnOk->click();
+        QCOMPARE(QList<int>({g->Mutability, g->SwitchOn, g->MutabilityWeighting}),
+                 QList<int>({row.out, 6, row.weight}));
     }
 
     // The close box and Escape each reach the gene once, as Close and Cancel do (the test over
@@ -112,12 +101,9 @@ private slots:
         const QPoint placed = e->pos();
         const qint16 step = s()->PlacementStep;
         Child<QLineEdit>(e, "txtMutability")->setText(QStringLiteral("42"));
-        g->OpenView();
-        QCOMPARE(EditorOf(g), e);
-        QCOMPARE(s()->EditorCount, qint16(1));
-        QCOMPARE(s()->PlacementStep, step);
-        QCOMPARE(e->pos(), placed);
-        QCOMPARE(Child<QLineEdit>(e, "txtMutability")->text(), QStringLiteral("42")); // not refilled
+        g->OpenView(); // the same editor, not placed again, not refilled
+        QVERIFY(EditorOf(g) == e && s()->EditorCount == 1 && s()->PlacementStep == step && e->pos() == placed);
+        QCOMPARE(Child<QLineEdit>(e, "txtMutability")->text(), QStringLiteral("42"));
     }
 
     void countEncodeAndCloseAll()
@@ -182,8 +168,7 @@ private slots:
         s()->Lists.ChemicalNames[17] = QStringLiteral("Starch");
         combo.showPopup();
         QCOMPARE(combo.currentText(), QStringLiteral("Starch"));
-        QCOMPARE(changed.count(), 1);
-        QCOMPARE(changed[0][0].toInt(), 17);
+        QCOMPARE(changed, QList<QVariantList>({{17}}));
         combo.hidePopup();
 
         // The longest time stands at the left: the arrow keys move the thumb the way they

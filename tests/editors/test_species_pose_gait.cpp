@@ -8,6 +8,10 @@
 #include "editors/frmPose.h"
 #include "editors/frmSpecies.h"
 
+// The button that ends the editing, the monikers typed (mother|father), the messages and what is stored.
+struct MonikerRow { QString button, typed; QStringList messages; QString stored; };
+Q_DECLARE_METATYPE(MonikerRow)
+
 class TestSpeciesPoseGait : public QObject
 {
     Q_OBJECT
@@ -18,9 +22,6 @@ class TestSpeciesPoseGait : public QObject
     {
         return who + "'s moniker " + fault + ".\r\nIt has been corrected to: " + (who == "Father" ? "ADAM" : "EVE_");
     }
-    // What a combo shows: the selected item's text, or in brackets the grey number of a value
-    // its list has no item for.
-    QString Shown(QComboBox *c) { return c->currentIndex() >= 0 ? c->currentText() : "(" + c->placeholderText() + ")"; }
 
 private slots:
     void init() { kit.Init(); }
@@ -45,40 +46,34 @@ private slots:
     // that Close has nothing left to say; Cancel checks nothing and stores nothing.
     void monikers_data()
     {
-        QTest::addColumn<QString>("button");
-        QTest::addColumn<QString>("typed"); // mother|father
-        QTest::addColumn<QStringList>("messages");
-        QTest::addColumn<QString>("stored"); // mother|father
+        QTest::addColumn<MonikerRow>("row");
         const QString length = "is incorrect length. Should be 4\r\nbut is actually %1 characters";
-        QTest::newRow("emptied") << "Close" << "|DADS" << QStringList{Fixed("Mother", length.arg(0))} << "EVE_|DADS";
-        QTest::newRow("father first, bad characters") << "Close" << QString::fromLatin1("A\tB\x7f|D\xe9\xe9X")
-            << QStringList{Fixed("Father", "has 2 bad character(s)"), Fixed("Mother", "has 2 bad character(s)")}
-            << "EVE_|ADAM";
-        QTest::newRow("any four printable pass") << "Close" << " ~{ |a1_?" << QStringList() << " ~{ |a1_?";
-        QTest::newRow("repair, father first") << "Repair" << "\x01XYZ|AB"
-            << QStringList{Fixed("Father", length.arg(2)), Fixed("Mother", "has 1 bad character(s)")} << "EVE_|ADAM";
-        QTest::newRow("cancel") << "Cancel" << "|X" << QStringList() << "MUMS|DADS";
+        QTest::newRow("emptied") << MonikerRow{"Close", "|DADS", {Fixed("Mother", length.arg(0))}, "EVE_|DADS"};
+        QTest::newRow("father first, bad characters") << MonikerRow{"Close", QString::fromLatin1("A\tB\x7f|D\xe9\xe9X"),
+            {Fixed("Father", "has 2 bad character(s)"), Fixed("Mother", "has 2 bad character(s)")}, "EVE_|ADAM"};
+        QTest::newRow("any four printable pass") << MonikerRow{"Close", " ~{ |a1_?", {}, " ~{ |a1_?"};
+        QTest::newRow("repair, father first") << MonikerRow{"Repair", "\x01XYZ|AB",
+            {Fixed("Father", length.arg(2)), Fixed("Mother", "has 1 bad character(s)")}, "EVE_|ADAM"};
+        QTest::newRow("cancel") << MonikerRow{"Cancel", "|X", {}, "MUMS|DADS"};
     }
     void monikers()
     {
-        QFETCH(QString, button);
-        QFETCH(QStringList, messages);
+        QFETCH(MonikerRow, row);
         auto *g = static_cast<clsSpecies *>(kit.Add(2, 1));
         g->Mum = QStringLiteral("MUMS"), g->Dad = QStringLiteral("DADS");
         auto *e = kit.Open<frmSpecies>(g);
-        QFETCH(QString, typed);
-        e->txtFamily[0]->setText(typed.section('|', 0, 0));
-        e->txtFamily[1]->setText(typed.section('|', 1));
-        for (int i = 0; i < messages.size(); ++i)
+        e->txtFamily[0]->setText(row.typed.section('|', 0, 0));
+        e->txtFamily[1]->setText(row.typed.section('|', 1));
+        for (int i = 0; i < row.messages.size(); ++i)
             kit.prompt.AnswerMessage(Prompt::Ok);
-        if (button == "Repair") {
+        if (row.button == "Repair") {
             e->RepairCommand->click();
-            QTEST(e->txtFamily[0]->text() + "|" + e->txtFamily[1]->text(), "stored");
+            QCOMPARE(e->txtFamily[0]->text() + "|" + e->txtFamily[1]->text(), row.stored);
             QCOMPARE(g->Mum + g->Dad, QStringLiteral("MUMSDADS"));
         }
-        (button == "Cancel" ? e->btnCancel : e->btnOk)->click();
-        QCOMPARE(kit.prompt.MessageTexts(), messages);
-        QTEST(g->Mum + "|" + g->Dad, "stored");
+        (row.button == "Cancel" ? e->btnCancel : e->btnOk)->click();
+        QCOMPARE(kit.prompt.MessageTexts(), row.messages);
+        QCOMPARE(g->Mum + "|" + g->Dad, row.stored);
     }
 
     // What each combo shows for a stored value, and what Close without a touch leaves: a value
@@ -98,7 +93,7 @@ private slots:
         auto *g = static_cast<clsAppearance *>(kit.Add(2, 2));
         g->Region = quint8(values[0]), g->Variety = quint8(values[1]), g->Genus = quint8(values[2]);
         auto *e = kit.Open<frmAppearance>(g);
-        QTEST(QStringList({Shown(e->lstRegion), Shown(e->lstVariety), Shown(e->lstGenus)}), "shown");
+        QTEST(QStringList({ComboShown(e->lstRegion), ComboShown(e->lstVariety), ComboShown(e->lstGenus)}), "shown");
         e->btnOk->click();
         QCOMPARE(QList<int>({g->Region, g->Variety, g->Genus}), values);
     }

@@ -7,13 +7,18 @@
 #include "editors/frmInstinct.h"
 #include "editors/frmStimulus.h"
 
+namespace {
+struct ComboRow { QString combo; int value; QString shown; int pick, stored; };
+struct LobeRow { int lobe, count, probe; QString entries; };
+} // namespace
+Q_DECLARE_METATYPE(ComboRow)
+Q_DECLARE_METATYPE(LobeRow)
+
 class TestStimulusInstinct : public QObject
 {
     Q_OBJECT
     EditorTestKit kit;
 
-    // What a combo shows: the selected item's text, or the grey text standing in for none.
-    static QString Shown(QComboBox *c) { return c->currentIndex() >= 0 ? c->currentText() : "~" + c->placeholderText(); }
 
 private slots:
     void init() { kit.Init(); }
@@ -24,36 +29,30 @@ private slots:
     // value without an item shows its number and is kept until the user picks an item.
     void combosOverBytes_data()
     {
-        QTest::addColumn<QString>("combo");
-        QTest::addColumn<int>("value");
-        QTest::addColumn<QString>("shown");
-        QTest::addColumn<int>("pick");
-        QTest::addColumn<int>("stored");
-        QTest::newRow("neurone 255 is none") << "lstNeu" << 255 << "<none>" << -1 << 255;
-        QTest::newRow("neurone 0 the first") << "lstNeu" << 0 << "I've been patted" << -1 << 0;
-        QTest::newRow("neurone 31 the last") << "lstNeu" << 31 << "Hitting the ground post fall" << -1 << 31;
-        QTest::newRow("neurone 32 no item") << "lstNeu" << 32 << "~32 (no name)" << -1 << 32;
-        QTest::newRow("<none> picked") << "lstNeu" << 1 << "I've been slapped" << 0 << 255;
-        QTest::newRow("last neurone picked") << "lstNeu" << 255 << "<none>" << 32 << 31;
-        QTest::newRow("stimulus 45 the last") << "lstStim" << 45 << "I've mated" << -1 << 45;
-        QTest::newRow("stimulus 46 no item") << "lstStim" << 46 << "~46 (no name)" << -1 << 46;
-        QTest::newRow("stimulus picked over 200") << "lstStim" << 200 << "~200 (no name)" << 3 << 3;
+        QTest::addColumn<ComboRow>("row");
+        QTest::newRow("neurone 255 is none") << ComboRow{"lstNeu", 255, "<none>", -1, 255};
+        QTest::newRow("neurone 0 the first") << ComboRow{"lstNeu", 0, "I've been patted", -1, 0};
+        QTest::newRow("neurone 31 the last") << ComboRow{"lstNeu", 31, "Hitting the ground post fall", -1, 31};
+        QTest::newRow("neurone 32 no item") << ComboRow{"lstNeu", 32, "(32 (no name))", -1, 32};
+        QTest::newRow("<none> picked") << ComboRow{"lstNeu", 1, "I've been slapped", 0, 255};
+        QTest::newRow("last neurone picked") << ComboRow{"lstNeu", 255, "<none>", 32, 31};
+        QTest::newRow("stimulus 45 the last") << ComboRow{"lstStim", 45, "I've mated", -1, 45};
+        QTest::newRow("stimulus 46 no item") << ComboRow{"lstStim", 46, "(46 (no name))", -1, 46};
+        QTest::newRow("stimulus picked over 200") << ComboRow{"lstStim", 200, "(200 (no name))", 3, 3};
     }
     void combosOverBytes()
     {
-        QFETCH(QString, combo);
-        QFETCH(int, value);
-        QFETCH(int, pick);
+        QFETCH(ComboRow, row);
         auto *g = static_cast<clsStimulus *>(kit.Add(2, 0));
-        quint8 &field = combo == "lstStim" ? g->stimulus : g->Neu;
-        field = quint8(value);
+        quint8 &field = row.combo == "lstStim" ? g->stimulus : g->Neu;
+        field = quint8(row.value);
         GeneEditor *e = kit.Open(g);
-        QComboBox *c = Child<QComboBox>(e, combo);
-        QTEST(Shown(c), "shown");
-        if (pick >= 0)
-            c->setCurrentIndex(pick);
+        QComboBox *c = Child<QComboBox>(e, row.combo);
+        QCOMPARE(ComboShown(c), row.shown);
+        if (row.pick >= 0)
+            c->setCurrentIndex(row.pick);
         e->btnOk->click();
-        QTEST(int(field), "stored");
+        QCOMPARE(int(field), row.stored);
     }
 
     // Each slider, chemical and amount shows and stores its own field; a moved slider shows its
@@ -83,40 +82,35 @@ private slots:
     // lets through, is taken modulo 8.
     void instinctNeurones_data()
     {
-        QTest::addColumn<int>("lobe");
-        QTest::addColumn<int>("count");
-        QTest::addColumn<int>("probe");
-        QTest::addColumn<QString>("entries"); // lobe | first | probe | last
-        QTest::newRow("0") << 0 << 1 << 0 << "<NOT USED>|<NOT USED>|<NOT USED>|<NOT USED>";
-        QTest::newRow("1 drives, the last") << 1 << 17 << 16 << "Drive i/ps|PAIN|STRESS|STRESS";
-        QTest::newRow("2 stimulus sources") << 2 << 40 << 10 << "Stim source i/ps|<ID 0>|<ID 10>|<ID 39>";
-        QTest::newRow("3 verbs") << 3 << 16 << 1
-                                 << "Verb i/ps|verb: Default (quiescent)|verb: Activate 1 it|verb: <unallocated2>";
-        QTest::newRow("4 nouns") << 4 << 40 << 7 << "Noun i/ps|Noun: <ID 0>|Noun: <ID 7>|Noun: <ID 39>";
+        QTest::addColumn<LobeRow>("row");
+        QTest::newRow("0") << LobeRow{0, 1, 0, "<NOT USED>|<NOT USED>|<NOT USED>|<NOT USED>"};
+        QTest::newRow("1 drives, the last") << LobeRow{1, 17, 16, "Drive i/ps|PAIN|STRESS|STRESS"};
+        QTest::newRow("2 stimulus sources") << LobeRow{2, 40, 10, "Stim source i/ps|<ID 0>|<ID 10>|<ID 39>"};
+        QTest::newRow("3 verbs")
+            << LobeRow{3, 16, 1, "Verb i/ps|verb: Default (quiescent)|verb: Activate 1 it|verb: <unallocated2>"};
+        QTest::newRow("4 nouns") << LobeRow{4, 40, 7, "Noun i/ps|Noun: <ID 0>|Noun: <ID 7>|Noun: <ID 39>"};
         QTest::newRow("5 senses without none")
-            << 5 << 32 << 22 << "General Sensory i/ps|I've been patted|<spare4>|Hitting the ground post fall";
-        QTest::newRow("6 decisions") << 6 << 16 << 13 << "Decision o/ps|Default (quiescent)|Hit it|<unallocated2>";
+            << LobeRow{5, 32, 22, "General Sensory i/ps|I've been patted|<spare4>|Hitting the ground post fall"};
+        QTest::newRow("6 decisions") << LobeRow{6, 16, 13, "Decision o/ps|Default (quiescent)|Hit it|<unallocated2>"};
         QTest::newRow("7 attention, leading blank")
-            << 7 << 40 << 39 << "Attention/Seek o/ps| IT is <ID 0>| IT is <ID 39>| IT is <ID 39>";
-        QTest::newRow("9 is lobe 1") << 9 << 17 << 12 << "Drive i/ps|PAIN|SEX DRIVE|STRESS";
+            << LobeRow{7, 40, 39, "Attention/Seek o/ps| IT is <ID 0>| IT is <ID 39>| IT is <ID 39>"};
+        QTest::newRow("9 is lobe 1") << LobeRow{9, 17, 12, "Drive i/ps|PAIN|SEX DRIVE|STRESS"};
     }
     void instinctNeurones()
     {
-        QFETCH(int, lobe);
-        QFETCH(int, count);
-        QFETCH(int, probe);
+        QFETCH(LobeRow, row);
         auto *g = static_cast<clsInstinct *>(kit.Add(2, 5));
-        g->lobe[0] = g->lobe[1] = g->lobe[2] = quint8(lobe);
-        g->Neu[0] = quint8(probe), g->Neu[1] = quint8(count), g->Neu[2] = quint8(count + 1);
+        g->lobe[0] = g->lobe[1] = g->lobe[2] = quint8(row.lobe);
+        g->Neu[0] = quint8(row.probe), g->Neu[1] = quint8(row.count), g->Neu[2] = quint8(row.count + 1);
         auto *e = kit.Open<frmInstinct>(g);
         QComboBox *neu = e->lstNeu[0];
-        QCOMPARE(neu->count(), count);
-        QTEST(QStringList({e->lstLobe[2]->currentText(), neu->itemText(0), neu->currentText(), neu->itemText(count - 1)})
-                  .join('|'),
-              "entries");
+        QCOMPARE(neu->count(), row.count);
+        const QStringList entries = {e->lstLobe[2]->currentText(), neu->itemText(0), neu->currentText(),
+                                     neu->itemText(row.count - 1)};
+        QCOMPARE(entries.join('|'), row.entries);
         e->btnOk->click();
-        QCOMPARE(QList<int>({g->lobe[0], g->lobe[1], g->lobe[2]}), QList<int>(3, lobe % 8));
-        QCOMPARE(QList<int>({g->Neu[0], g->Neu[1], g->Neu[2]}), QList<int>({probe, 0, 0}));
+        QCOMPARE(QList<int>({g->lobe[0], g->lobe[1], g->lobe[2]}), QList<int>(3, row.lobe % 8));
+        QCOMPARE(QList<int>({g->Neu[0], g->Neu[1], g->Neu[2]}), QList<int>({row.probe, 0, 0}));
     }
 
     // A new lobe in one row rebuilds that row's neurones from the first entry; the other rows
@@ -130,7 +124,8 @@ private slots:
         auto *e = kit.Open<frmInstinct>(g);
         QCOMPARE(QList<int>({e->lstReinforcer->currentIndex(), e->scrReinforcement->value()}), QList<int>({204, 77}));
         e->lstLobe[1]->setCurrentIndex(7);
-        QCOMPARE(QStringList({Shown(e->lstNeu[0]), Shown(e->lstNeu[1]), Shown(e->lstNeu[2]), Shown(e->lstMotor)}),
+        QCOMPARE(QStringList({ComboShown(e->lstNeu[0]), ComboShown(e->lstNeu[1]), ComboShown(e->lstNeu[2]),
+                              ComboShown(e->lstMotor)}),
                  QStringList({"<ID 5>", " IT is <ID 0>", "Noun: <ID 7>", "<unallocated2>"}));
         e->lstNeu[1]->setCurrentIndex(30);
         e->scrReinforcement->setValue(255);

@@ -40,9 +40,8 @@ private slots:
         QList<ProcessingForm *> forms = mainWindow.findChildren<ProcessingForm *>();
         QCOMPARE(forms.size(), 1);
         ProcessingForm *form = forms[0];
-        QVERIFY(!prompt.ProgressVisible());
+        QVERIFY(!prompt.ProgressVisible() && form->ProgressBar->value() == 0);
         QCOMPARE(form->windowTitle(), QStringLiteral("Updating organ layout..."));
-        QCOMPARE(form->ProgressBar->value(), 0);
         prompt.ProgressShow();
         QVERIFY(QTest::qWaitForWindowExposed(form));
         QVERIFY(prompt.ProgressVisible() && !form->isModal());
@@ -67,43 +66,37 @@ private slots:
         prompt.ProgressSetValue(50); // nothing to update: no harm
     }
 
-    // style: button set + icon; key: what the user presses; shown: the icon, the buttons and
-    // the default one; code: what the prompt gives back.
+    // style: button set + icon; key: what the user presses; icon, buttons: what the box shows;
+    // code: what the prompt gives back.
     void messageBox_data()
     {
         using B = QMessageBox;
-        QTest::addColumn<int>("style");
-        QTest::addColumn<int>("key");
-        QTest::addColumn<int>("icon");
-        QTest::addColumn<int>("buttons");
-        QTest::addColumn<int>("code");
-        QTest::newRow("16 critical, Enter") << 16 << int(Qt::Key_Return) << int(B::Critical) << int(B::Ok) << 1;
-        QTest::newRow("48 exclamation, Escape") << 48 << int(Qt::Key_Escape) << int(B::Warning) << int(B::Ok) << 1;
-        QTest::newRow("64 information") << 64 << int(Qt::Key_Return) << int(B::Information) << int(B::Ok) << 1;
-        QTest::newRow("35 question, Enter is Yes") << 35 << int(Qt::Key_Return) << int(B::Question)
-                                                   << int(B::Yes | B::No | B::Cancel) << 6;
-        QTest::newRow("35, Escape cancels") << 35 << int(Qt::Key_Escape) << int(B::Question) << int(B::Yes | B::No | B::Cancel) << 2;
-        QTest::newRow("4 no icon, Escape is No") << 4 << int(Qt::Key_Escape) << int(B::NoIcon) << int(B::Yes | B::No) << 7;
+        const int yesNoCancel = B::Yes | B::No | B::Cancel;
+        QTest::addColumn<QList<int>>("row"); // style, key, icon, buttons, code
+        QTest::newRow("16 critical, Enter") << QList<int>{16, Qt::Key_Return, B::Critical, B::Ok, 1};
+        QTest::newRow("48 exclamation, Escape") << QList<int>{48, Qt::Key_Escape, B::Warning, B::Ok, 1};
+        QTest::newRow("64 information") << QList<int>{64, Qt::Key_Return, B::Information, B::Ok, 1};
+        QTest::newRow("35 question, Enter is Yes") << QList<int>{35, Qt::Key_Return, B::Question, yesNoCancel, 6};
+        QTest::newRow("35, Escape cancels") << QList<int>{35, Qt::Key_Escape, B::Question, yesNoCancel, 2};
+        QTest::newRow("4 no icon, Escape is No") << QList<int>{4, Qt::Key_Escape, B::NoIcon, B::Yes | B::No, 7};
     }
     void messageBox()
     {
-        QFETCH(int, key);
-        QFETCH(int, style);
+        QFETCH(QList<int>, row);
         QString seen;
-        int icon = -1, buttons = -1;
+        QList<int> shown;
         WhenShown<QMessageBox>([&](QMessageBox *box) {
             seen = box->windowTitle() + "|" + box->text();
-            icon = box->icon(), buttons = box->standardButtons();
+            shown = {int(box->icon()), int(box->standardButtons())};
             if (box->defaultButton())
                 seen += "|default " + box->defaultButton()->text();
-            QTest::keyClick(box, Qt::Key(key));
+            QTest::keyClick(box, Qt::Key(row[1]));
         });
         QtPrompt prompt;
-        QTEST(prompt.Message(QStringLiteral("Now we're pickled"), QStringLiteral("one\r\ntwo\n\rthree"), style), "code");
-        const QString yes = buttons & QMessageBox::Yes ? "|default &Yes" : "";
+        shown << prompt.Message(QStringLiteral("Now we're pickled"), QStringLiteral("one\r\ntwo\n\rthree"), row[0]);
+        const QString yes = row[3] & QMessageBox::Yes ? "|default &Yes" : "";
         QCOMPARE(seen, "Now we're pickled|one\ntwo\nthree" + yes);
-        QTEST(icon, "icon");
-        QTEST(buttons, "buttons");
+        QCOMPARE(shown, row.mid(2));
     }
 
     // Ok gives the text in the box, Cancel the empty text whatever the box holds.
