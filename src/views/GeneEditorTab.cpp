@@ -254,7 +254,15 @@ void GeneEditorTab::RefreshViews()
         rows.append(row);
     }
     v->addTopLevelItems(rows);
-    v->sortItems(sortColumn, Qt::AscendingOrder);
+    // Rows made in gene order are in the order of the first column already: a sort, stable,
+    // would leave them as they stand, so it runs only when some row comes before the one
+    // above it (by the comparison the sort itself uses).
+    v->header()->setSortIndicator(sortColumn, Qt::AscendingOrder);
+    bool inOrder = true;
+    for (int i = 1; i < rows.size() && inOrder; ++i)
+        inOrder = !(*rows.at(i) < *rows.at(i - 1));
+    if (!inOrder)
+        v->sortItems(sortColumn, Qt::AscendingOrder);
 
     v->show();
     v->setUpdatesEnabled(true);
