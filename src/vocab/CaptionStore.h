@@ -94,7 +94,8 @@ private:
     // `filled` for it instead. Kept in step by every write of a slot.
     QHash<quint64, int> firstSlot;
     static quint64 KeyOf(const CaptionRecord &r);
-    // Updates the index as slot i, below `filled` or the first one at it, takes a new key.
+    // Updates the index and `filled` as slot i takes the key of record; empty slots between
+    // `filled` and i come below `filled` with it.
     void Rekey(int i, const CaptionRecord &record);
 
     int Find(int type, int subType, int id) const;
