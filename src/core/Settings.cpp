@@ -118,6 +118,12 @@ void Session::WelcomeFirstRun()
                  + QStringLiteral("there specifically designed to help beginners. All you need") + Text::CRLF
                  + QStringLiteral("is a little patience. (Nature took 3.7 billion years to come") + Text::CRLF
                  + QStringLiteral("up with us, after all!) Enjoy!"));
-    store.setValue(PreferenceKey(QStringLiteral("Installed")), QStringLiteral("yes"));
-    store.sync(); // failures of the store are ignored here
+    // "yes" is stored whatever the mark was. A mark that reads "yes" already is left alone:
+    // setting it again would rewrite the whole settings file (and sync it to disk) at every
+    // start for no change.
+    const QString yes = QStringLiteral("yes");
+    if (installed != yes) {
+        store.setValue(PreferenceKey(QStringLiteral("Installed")), yes);
+        store.sync(); // failures of the store are ignored here
+    }
 }

@@ -99,13 +99,22 @@ void GeneEditorTab::BuildPage()
     connect(downFast, &QPushButton::clicked, this, &GeneEditorTab::DownFastCommand);
 
     // Rows kept aside are in the view's order already: no sort has been asked for yet.
-    GeneListListView->addTopLevelItems(pendingRows);
+    QList<QTreeWidgetItem *> rows;
+    rows.reserve(pendingRows.size());
+    for (const QStringList &texts : std::as_const(pendingRows)) {
+        auto *row = new QTreeWidgetItem(texts);
+        rows.append(row);
+        bool ok = false;
+        const int key = texts.value(0).toInt(&ok);
+        if (ok && key >= 0 && key < int(rowOfGene.size()))
+            rowOfGene[size_t(key)] = row;
+    }
     pendingRows.clear();
+    GeneListListView->addTopLevelItems(rows);
 }
 
 GeneEditorTab::~GeneEditorTab()
 {
-    qDeleteAll(pendingRows);
     // As the session does for its own genes: the editors may already be gone, so no gene
     // that outlives this tab's list keeps a view.
     for (auto &g : orphans)
@@ -222,14 +231,11 @@ void GeneEditorTab::RefreshViews()
     if (!IsBuilt()) {
         // Without a view there is no sort column but the first, and rows made in gene order
         // stand in it already.
-        qDeleteAll(pendingRows);
         pendingRows.clear();
-        std::fill(rowOfGene.begin(), rowOfGene.end(), nullptr);
         pendingRows.reserve(session.GeneCount);
         for (int i = 0; i < session.GeneCount; ++i) {
-            auto *row = new QTreeWidgetItem;
-            FillGeneRow(row, i);
-            pendingRows.append(row);
+            const Gene *g = session.GeneAt(i);
+            pendingRows.append(g ? GeneCommands::RowTexts(session, *g) : QStringList());
         }
         return;
     }
@@ -248,7 +254,15 @@ void GeneEditorTab::RefreshViews()
         rows.append(row);
     }
     v->addTopLevelItems(rows);
-    v->sortItems(sortColumn, Qt::AscendingOrder);
+    // Rows made in gene order are in the order of the first column already: a sort, stable,
+    // would leave them as they stand, so it runs only when some row comes before the one
+    // above it (by the comparison the sort itself uses).
+    v->header()->setSortIndicator(sortColumn, Qt::AscendingOrder);
+    bool inOrder = true;
+    for (int i = 1; i < rows.size() && inOrder; ++i)
+        inOrder = !(*rows.at(i) < *rows.at(i - 1));
+    if (!inOrder)
+        v->sortItems(sortColumn, Qt::AscendingOrder);
 
     v->show();
     v->setUpdatesEnabled(true);
@@ -279,34 +293,55 @@ QTreeWidgetItem *GeneEditorTab::FindGeneRow(int numericId) const
     return numericId >= 0 && numericId < int(rowOfGene.size()) ? rowOfGene[size_t(numericId)] : nullptr;
 }
 
+int GeneEditorTab::PendingRowOf(int numericId) const
+{
+    // Rows kept aside stand in gene order, so row n is gene n's but after an odd change.
+    const QString key = GeneCommands::RowKey(numericId);
+    if (numericId >= 0 && numericId < pendingRows.size() && pendingRows.at(numericId).value(0) == key)
+        return numericId;
+    for (int i = 0; i < pendingRows.size(); ++i)
+        if (pendingRows.at(i).value(0) == key)
+            return i;
+    return -1;
+}
+
 void GeneEditorTab::RefreshGeneRow(int numericId)
 {
     const QString key = GeneCommands::RowKey(numericId);
-    QTreeWidgetItem *row = FindGeneRow(numericId);
     session.SummaryStale = true;
     session.OrganViewStale = true;
-    if (!row)
+    QTreeWidgetItem *row = IsBuilt() ? FindGeneRow(numericId) : nullptr;
+    const int pending = IsBuilt() ? -1 : PendingRowOf(numericId);
+    if (!row && pending < 0)
         session.ShowError(QStringLiteral("Error finding gene key ") + key + QStringLiteral(". Possible fatal error."));
-    else
+    else if (row)
         FillGeneRow(row, numericId);
+    else if (const Gene *g = session.GeneAt(numericId))
+        pendingRows[pending] = GeneCommands::RowTexts(session, *g);
 }
 
 void GeneEditorTab::AddGeneRow(int numericId)
 {
-    auto *row = new QTreeWidgetItem;
-    FillGeneRow(row, numericId);
     // The view is sorted: the new row goes after the last row whose text in the sort column
     // does not come after its own.
+    if (!IsBuilt()) {
+        const Gene *g = session.GeneAt(numericId);
+        const QStringList texts = g ? GeneCommands::RowTexts(session, *g) : QStringList();
+        const QString text = texts.value(sortColumn);
+        int at = int(pendingRows.size());
+        while (at > 0 && text < pendingRows.at(at - 1).value(sortColumn))
+            --at;
+        pendingRows.insert(at, texts);
+        return;
+    }
+    auto *row = new QTreeWidgetItem;
+    FillGeneRow(row, numericId);
     QTreeWidget *v = GeneListListView;
-    const auto rowAt = [this, v](int i) { return IsBuilt() ? v->topLevelItem(i) : pendingRows.at(i); };
     const QString text = row->text(sortColumn);
-    int at = IsBuilt() ? v->topLevelItemCount() : int(pendingRows.size());
-    while (at > 0 && text < rowAt(at - 1)->text(sortColumn))
+    int at = v->topLevelItemCount();
+    while (at > 0 && text < v->topLevelItem(at - 1)->text(sortColumn))
         --at;
-    if (IsBuilt())
-        v->insertTopLevelItem(at, row);
-    else
-        pendingRows.insert(at, row);
+    v->insertTopLevelItem(at, row);
 }
 
 int GeneEditorTab::SelectedGeneIndex() const

@@ -17,8 +17,8 @@ class QTreeWidgetItem;
 
 // The Gene Editor tab: the list of the genome's genes, one row each, and the commands that
 // create, open, delete, rename, renumber and move them. Commands act on the selected row.
-// Its widgets are made when the tab is first shown; rows written before that are kept, in
-// the order of the view, and go into the list then.
+// Its widgets are made when the tab is first shown; rows written before that are kept as
+// texts, in the order of the view, and go into the list then.
 class GeneEditorTab : public LazyPage
 {
     Q_OBJECT
@@ -79,8 +79,11 @@ private:
     int sortColumn = 0;
     // Row of each gene number: the key lookup without a walk through the view.
     std::vector<QTreeWidgetItem *> rowOfGene;
-    // The rows while the list does not exist yet.
-    QList<QTreeWidgetItem *> pendingRows;
+    // The rows while the list does not exist yet, in the order of the view: only their
+    // texts, which become items when the list is made.
+    QList<QStringList> pendingRows;
+    // The place in pendingRows of the row whose key is that of gene n, or -1.
+    int PendingRowOf(int numericId) const;
     std::vector<std::unique_ptr<Gene>> orphans;
     QPointer<NewGeneForm> newGeneForm;
 };

@@ -160,15 +160,57 @@ CaptionStore::CaptionStore(UserMessages &messages, const QString &appDirectory, 
 {
 }
 
+quint64 CaptionStore::KeyOf(const CaptionRecord &r)
+{
+    return quint64(quint16(r.GeneType)) << 32 | quint64(quint16(r.GeneSubType)) << 16 | quint16(r.ID);
+}
+
 int CaptionStore::Find(int type, int subType, int id) const
 {
+    // The table's key fields are 16-bit: a wider key matches no record.
+    const auto fits = [](int v) { return v >= -32768 && v <= 32767; };
+    if (!fits(type) || !fits(subType) || !fits(id))
+        return -1;
+    CaptionRecord key;
+    key.GeneType = qint16(type);
+    key.GeneSubType = qint16(subType);
+    key.ID = qint16(id);
+    int i = firstSlot.value(KeyOf(key), Records);
+    if (type == 0 && subType == 0 && id == 0)
+        i = qMin(i, filled); // the empty slots from `filled` on
     const int count = qBound(0, int(CaptionCount), int(Records));
-    for (int i = 0; i < count; ++i) {
-        const CaptionRecord &r = table[i];
-        if (r.GeneType == type && r.GeneSubType == subType && r.ID == id)
-            return i;
+    return i < count ? i : -1;
+}
+
+void CaptionStore::Rekey(int i, const CaptionRecord &record)
+{
+    constexpr quint64 emptyKey = 0;
+    if (i > filled) {
+        // The empty slots between come below `filled` now: the first of them bears the empty
+        // key, unless a slot before it does.
+        const auto at = firstSlot.find(emptyKey);
+        if (at == firstSlot.end() || *at > filled)
+            firstSlot.insert(emptyKey, filled);
     }
-    return -1;
+    const quint64 oldKey = i < filled ? KeyOf(table[i]) : emptyKey;
+    const quint64 newKey = KeyOf(record);
+    if (oldKey != newKey) {
+        // The old key's first slot moves on to its next one, if any.
+        const auto at = firstSlot.find(oldKey);
+        if (at != firstSlot.end() && *at == i) {
+            int next = i + 1;
+            while (next < filled && KeyOf(table[next]) != oldKey)
+                ++next;
+            if (next < filled)
+                *at = next;
+            else
+                firstSlot.erase(at);
+        }
+    }
+    const auto at = firstSlot.find(newKey);
+    if (at == firstSlot.end() || *at > i)
+        firstSlot.insert(newKey, i);
+    filled = qMax(filled, i + 1);
 }
 
 QString CaptionStore::GetCaption(int type, int subType, int id) const
@@ -208,14 +250,15 @@ void CaptionStore::Store(int type, int subType, int id, const QString &text, boo
     }
     if (CaptionCount < 0)
         CaptionCount = 0;
-    CaptionRecord &r = table[CaptionCount];
+    CaptionRecord r;
     r.GeneType = qint16(type);
     r.GeneSubType = qint16(subType);
     r.ID = qint16(id);
     r.Caption = annotation ? QString() : text;
     r.Annotation = annotation ? text : QString();
+    Rekey(CaptionCount, r);
+    table[CaptionCount] = std::move(r);
     ++CaptionCount;
-    filled = qMax(filled, int(CaptionCount));
 }
 
 QString CaptionStore::DefaultCaptionFileName() const
@@ -257,6 +300,7 @@ FileFault CaptionStore::Read(QIODevice &in)
     for (int i = 0; i < filled; ++i)
         table[i] = CaptionRecord();
     filled = 0;
+    firstSlot.clear();
     CaptionCount = 0;
     if (tag != FileTag)
         return FileFault::Numbered(FileFault::TypeMismatch);
@@ -278,8 +322,8 @@ FileFault CaptionStore::Read(QIODevice &in)
             CaptionCount = qint16(qMin(int(wanted), i));
             return r.fault;
         }
-        table[i] = rec;
-        filled = i + 1;
+        Rekey(i, rec);
+        table[i] = std::move(rec);
     }
     CaptionCount = wanted;
     return FileFault();

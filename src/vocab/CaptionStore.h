@@ -3,6 +3,7 @@
 #include "base/Messages.h"
 
 #include <QByteArray>
+#include <QHash>
 #include <QString>
 #include <QStringList>
 #include <QVector>
@@ -86,6 +87,16 @@ private:
     // The slots from here on hold empty records (keys 0, no texts): neither a read has to
     // clear them nor the writer to look at them.
     int filled = 0;
+
+    // The lowest slot below `filled` that bears each key, so that a lookup needs no walk
+    // through the table. Every slot from `filled` on is empty and bears the key (0, 0, 0):
+    // that key's entry may be missing or lie at or past `filled` then, and a lookup takes
+    // `filled` for it instead. Kept in step by every write of a slot.
+    QHash<quint64, int> firstSlot;
+    static quint64 KeyOf(const CaptionRecord &r);
+    // Updates the index and `filled` as slot i takes the key of record; empty slots between
+    // `filled` and i come below `filled` with it.
+    void Rekey(int i, const CaptionRecord &record);
 
     int Find(int type, int subType, int id) const;
     // Shared by SetCaption and SetAnnotation; annotation says which text field changes.
