@@ -5,6 +5,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QtEndian>
 
 #include <cstring>
 
@@ -381,21 +382,22 @@ QByteArray CaptionStore::FileBytes() const
 {
     // The slots behind those ever filled hold empty records: they stay the zeros the buffer
     // starts with.
+    const CaptionRecord *const first = table.constData(), *const end = first + filled;
     qsizetype size = 4 + qsizetype(Records) * RecordHead;
-    for (int i = 0; i < filled; ++i)
-        size += KeptText(table[i].Caption).size() + KeptText(table[i].Annotation).size();
+    for (const CaptionRecord *rec = first; rec != end; ++rec)
+        size += KeptText(rec->Caption).size() + KeptText(rec->Annotation).size();
     QByteArray out(size, '\0');
     char *at = out.data();
     PutU16(at, FileTag);
     PutU16(at, quint16(CaptionCount));
-    for (int i = 0; i < filled; ++i) {
-        const CaptionRecord &rec = table[i];
-        PutU16(at, quint16(rec.GeneType));
-        PutU16(at, quint16(rec.GeneSubType));
-        PutU16(at, quint16(rec.ID));
-        PutU16(at, 0);
-        PutText(at, KeptText(rec.Caption));
-        PutText(at, KeptText(rec.Annotation));
+    // A record's kind and ID go out as one block of four little-endian 16-bit fields, the last
+    // (the reserved one) 0.
+    for (const CaptionRecord *rec = first; rec != end; ++rec) {
+        const quint16 ids[4] = {quint16(rec->GeneType), quint16(rec->GeneSubType), quint16(rec->ID), 0};
+        qToLittleEndian<quint16>(ids, 4, at);
+        at += sizeof ids;
+        PutText(at, KeptText(rec->Caption));
+        PutText(at, KeptText(rec->Annotation));
     }
     return out;
 }
