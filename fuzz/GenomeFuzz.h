@@ -27,6 +27,13 @@ public:
     void Input(const uint8_t *data, size_t size)
     {
         Reset();
+        // The genes go when the input is done, so that an input frees what it allocated:
+        // libFuzzer runs an input again under the leak checker when it does not.
+        struct ClearGenes
+        {
+            Session &session;
+            ~ClearGenes() { session.ClearGeneList(); }
+        } clearGenes{session};
         GenomeImage &img = session.GenomeImage;
         const int length = int(std::min(size, size_t(GenomeImage::Size)));
         std::memcpy(img.Bytes.data(), data, size_t(length));

@@ -22,7 +22,11 @@ namespace {
 
 constexpr int RecordHead = 12;
 
-quint16 U16(const QByteArray &b, qsizetype at) { return quint16(quint8(b[at]) | quint8(b[at + 1]) << 8); }
+quint16 U16(const QByteArray &b, qsizetype at)
+{
+    const auto *p = reinterpret_cast<const quint8 *>(b.constData()) + at;
+    return quint16(p[0] | p[1] << 8);
+}
 
 void Run(const QByteArray &bytes)
 {
@@ -70,9 +74,7 @@ void Run(const QByteArray &bytes)
         const qsizetype length = RecordHead + caption + annotation;
         if (bytes.size() - pos < length)
             break;
-        expected.append(bytes.constData() + pos, length);
-        expected[expected.size() - length + 6] = 0;
-        expected[expected.size() - length + 7] = 0;
+        expected.append(bytes.constData() + pos, 6).append(2, '\0').append(bytes.constData() + pos + 8, length - 8);
         pos += length;
         ++whole;
     }
