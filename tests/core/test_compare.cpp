@@ -79,6 +79,7 @@ private slots:
         QTest::addColumn<QString>("left");
         QTest::addColumn<QString>("right");
         QTest::newRow("lobe source") << "clsBrainLobe" << 109 << 6 << "D1 growth: Source Lobe" << "4 (Noun i/ps)" << "6 (Decision o/ps)";
+        QTest::newRow("lobe copy") << "clsBrainLobe" << 4 << 1 << "Data copied to Perception Lobe?" << "2 (Mutually exclusive)" << "1 (Yes)";
         QTest::newRow("brain organ") << "clsBorgan" << 4 << 9 << "ATP Damage coeff." << "1" << "9";
         QTest::newRow("receptor chemical") << "clsReceptor" << 3 << 5 << "Chemical" << "51 (ATP)" << "5 (Glucose)";
         QTest::newRow("emitter tissue") << "clsEmitter" << 1 << 5 << "Tissue" << "17" << "5 (Drive levels)";
@@ -90,6 +91,7 @@ private slots:
         QTest::newRow("appearance") << "clsAppearance" << 1 << 2 << "Parts ID" << "25 (Z)" << "2 (C)";
         QTest::newRow("pose") << "clsPose" << 0 << 7 << "Pose" << "42 (Wave)" << "7";
         QTest::newRow("gait") << "clsGait" << 0 << 0 << "Gait" << "15 (Special gait 15)" << "0 (Normal gait)";
+        QTest::newRow("gait pose") << "clsGait" << 2 << 0 << "Pose 2" << "2" << "0 (<empty>)";
         QTest::newRow("instinct neurone") << "clsInstinct" << 1 << 17 << "Neurone 1" << "16 ( IT is <ID 16>)" << "17 ( IT is <ID 17>)";
         QTest::newRow("pigment") << "clsColour" << 0 << 0 << "Pigment" << "2 (Blue)" << "0 (Red)";
         QTest::newRow("pigment bleed") << "clsColourBleed" << 1 << 0x21 << "Swap" << "32" << "33";
@@ -199,6 +201,17 @@ private slots:
         QCOMPARE(QStringList({store.GetCaption(1, 0, 2), store.GetAnnotation(1, 0, 2), store.GetCaption(1, 0, 1)}),
                  QStringList({"002 Hunger - Receptor", "{\\rtf1 a note}", "001 Mine - Receptor"}));
         QVERIFY(session->SummaryStale && session->OrganViewStale && o.GeneCount == 2);
+    }
+
+    // A copy that brings the image exactly to its limit is taken: 4 + 20 + 167 * 207 + 5 * 20
+    // + 4 * 19 = 34769 bytes, and one lobe more makes 34976.
+    void copyUpToTheLimitIsTaken()
+    {
+        const QByteArray fill = (Header(0, 0, 1) + LobeBody()).repeated(167) + (Header(2, 4, 1) + Kinds()[11].body).repeated(5)
+                                + (Header(1, 0, 1) + Kinds()[2].body).repeated(4);
+        QVERIFY(DecodeBytes(*session, File(Header(2, 1, 1) + Kinds()[8].body + fill)));
+        auto other = ReadOther(File(Header(2, 1, 1) + Kinds()[8].body + Header(0, 0, 2) + LobeBody()));
+        QCOMPARE(GeneCopy::CopyGenes(*session, other->Genome(), {1}), QVector<int>{177});
     }
 
     // Refusals copy nothing: a second Genus gene, the gene limit, the image's size.
