@@ -43,10 +43,11 @@ class TestSummaries : public QObject
                 return *it;
         return nullptr;
     }
-    // A row of a list, its columns joined with '|'.
+    // A row of a list (-1: its header), its columns joined with '|'.
     QString Row(const char *list, int row)
     {
-        const QTreeWidgetItem *item = form->findChild<QTreeWidget *>(QLatin1String(list))->topLevelItem(row);
+        const QTreeWidget *tree = form->findChild<QTreeWidget *>(QLatin1String(list));
+        const QTreeWidgetItem *item = row < 0 ? tree->headerItem() : tree->topLevelItem(row);
         QStringList texts;
         for (int c = 0; c < item->columnCount(); ++c)
             texts << item->text(c);
@@ -113,6 +114,8 @@ private slots:
     void genotypeRowsAndLabels()
     {
         QCOMPARE(Label("GeneticSummaryLabel") + Label("BrainLobeSummaryLabel"), QStringLiteral("No Genome LoadedNo Genome Loaded"));
+        QCOMPARE(Row("GenotypeListView", -1) + '/' + Row("BrainLobeListView", -1),
+                 QStringLiteral("Type|Total Present|Mutations from template/Lobe #|Name|Width|Height|Neurones|State Rule"));
         session->SummaryStale = true;
         MixedGenome();
         QVERIFY(!session->SummaryStale);
