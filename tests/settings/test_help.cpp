@@ -157,6 +157,30 @@ private slots:
         QCOMPARE(Shown(), QStringLiteral("contents"));
     }
 
+    // Find in the page: Return and the buttons step through the hits and wrap round at either
+    // end; a word the page lacks says so, and typing clears that.
+    void findInThePage()
+    {
+        QVERIFY(TestFiles::Write(helpPath, "<html><body><h1 id=\"contents\">c</h1><p>one cat, two cat, three</p></body></html>"));
+        help->ShowHelpContents();
+        HelpWindow *w = help->Window();
+        auto *text = w->findChild<QLineEdit *>(QStringLiteral("HelpFindText"));
+        const auto hit = [w] { return w->findChild<QTextBrowser *>()->textCursor().selectionStart(); };
+        const auto click = [w](const char *button) { w->findChild<QPushButton *>(QLatin1String(button))->click(); };
+        QTest::keyClicks(text, QStringLiteral("cat"));
+        QTest::keyClick(text, Qt::Key_Return);
+        QList<int> hits{hit()};
+        for (const char *button : {"HelpFindNextButton", "HelpFindNextButton", "HelpFindPreviousButton"})
+            click(button), hits << hit();
+        QCOMPARE(hits, (QList<int>{6, 15, 6, 15}));
+        auto *status = w->findChild<QLabel *>(QStringLiteral("HelpFindStatus"));
+        text->setText(QStringLiteral("dog"));
+        click("HelpFindNextButton");
+        QCOMPARE(status->text(), QStringLiteral("Not found"));
+        QTest::keyClick(text, Qt::Key_Backspace);
+        QCOMPARE(status->text(), QString());
+    }
+
     // The shipped help file: every anchor the program can open exists, every link inside it
     // lands on an anchor, and every picture it shows is beside it.
     void shippedHelpFileIsComplete()
