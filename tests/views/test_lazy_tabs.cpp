@@ -115,6 +115,12 @@ private slots:
             b.session.CaptionStore.SetCaption(1, 0, 1, QStringLiteral("sense"));
             b.session.RefreshGeneRow(1);
         });
+        QTest::newRow("the first gene's row rewritten after its tab is made") << Steps([](Bench &b) {
+            Genome(b);
+            b.form.SSTab1->setCurrentIndex(2);
+            b.session.CaptionStore.SetCaption(3, 0, 1, QStringLiteral("Lung"));
+            b.session.RefreshGeneRow(0);
+        });
         QTest::newRow("a gene added to the list") << Steps([](Bench &b) {
             Genome(b);
             Add<clsEmitter>(b.session, 1, 1, 1, QStringLiteral("emit")).Chem = 4;
