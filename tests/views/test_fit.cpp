@@ -121,7 +121,18 @@ bool InsideScrolledContent(const QWidget *w, const QWidget *window)
     return false;
 }
 
-// Every visible control of a window that lies outside its parent or cuts its text.
+// Whether a layout, or one nested in it, holds the widget.
+bool InLayout(const QLayout *l, const QWidget *w)
+{
+    for (int i = 0; l && i < l->count(); ++i)
+        if (QLayoutItem *item = l->itemAt(i); item->widget() == w || InLayout(item->layout(), w))
+            return true;
+    return l && l->menuBar() == w;
+}
+
+// Every visible control of a window that lies outside its parent, escapes the layout its
+// parent has (it would sit at its parent's corner, over other controls; only a size grip is
+// meant to) or cuts its text.
 QStringList Misfits(QWidget *window)
 {
     QStringList found;
@@ -134,6 +145,8 @@ QStringList Misfits(QWidget *window)
         if (!parent->rect().contains(w->geometry()))
             found << QStringLiteral("%1 at %2,%3 %4x%5 outside its parent %6x%7").arg(name).arg(w->x()).arg(w->y())
                          .arg(w->width()).arg(w->height()).arg(parent->width()).arg(parent->height());
+        if (parent->layout() && !InLayout(parent->layout(), w) && !qobject_cast<QSizeGrip *>(w))
+            found << name + QStringLiteral(" is in no layout of its parent ") + parent->objectName();
         const auto room = TextRoom(w);
         if (room.second > room.first)
             found << QStringLiteral("%1 \"%2\" needs %3, has %4").arg(name, w->property("text").toString().left(40))
