@@ -116,6 +116,29 @@ private slots:
         QCOMPARE(got, QStringList({"Starch", "Name Chemical|Name:|old", "", "Name Chemical|Name:|old"}));
     }
 
+    // The open dialog refuses a name with no file behind it, with a warning, and gives the
+    // path of one that exists.
+    void openDialogTakesOnlyAFileThatExists()
+    {
+        QtPrompt prompt;
+        QTemporaryDir dir;
+        QFile(dir.filePath(QStringLiteral("pet.gen"))).open(QIODevice::WriteOnly);
+        QString warned;
+        WhenShown<QFileDialog>([&](QFileDialog *d) {
+            WhenShown<QMessageBox>([&, d](QMessageBox *box) {
+                warned = box->text();
+                box->accept();
+                d->selectFile(dir.filePath(QStringLiteral("pet.gen")));
+                static_cast<QDialog *>(d)->accept(); // as the Open button does
+            });
+            d->selectFile(dir.filePath(QStringLiteral("missing.gen")));
+            static_cast<QDialog *>(d)->accept();
+        });
+        QCOMPARE(prompt.OpenFileName(QStringLiteral("Open"), dir.path(), QStringLiteral("Genomes (*.gen)"), QStringLiteral("gen")),
+                 dir.filePath(QStringLiteral("pet.gen")));
+        QVERIFY2(warned.contains(QStringLiteral("missing.gen")), qPrintable(warned));
+    }
+
     // A second call shows the dialog that is open and makes none; once it is closed (and so
     // gone) the next call makes a new one.
     void singleDialog()
