@@ -263,6 +263,9 @@ void HelixbenchForm::Startup(const QString &appDirectory)
     QDir::setCurrent(appDirectory);
     session.BuildReferenceTables();
     // The welcome stands over the window it welcomes to: that one is on the screen first.
+    // Its platform window is made before it is placed, so that where the platform tells the
+    // frame early the window is sized to the screen once, not laid out again after showing.
+    winId();
     Placement::CentreForm(this);
     show();
     session.WelcomeFirstRun();
