@@ -3,6 +3,7 @@
 #include "widgets/LazyPage.h"
 #include "widgets/Placement.h"
 #include "widgets/SingleDialog.h"
+#include "widgets/WideGroupBox.h"
 #include "core/Gene.h"
 #include "core/BulkResets.h"
 #include "core/ListPublishing.h"
@@ -30,7 +31,6 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDir>
-#include <QGroupBox>
 #include <QLabel>
 #include <QMenuBar>
 #include <QPushButton>
@@ -129,7 +129,7 @@ QWidget *HelixbenchForm::BuildCoverTab()
 {
     auto *page = new QWidget;
     auto *outer = new QVBoxLayout(page);
-    auto *frame = new QGroupBox(page);
+    auto *frame = new WideGroupBox(page);
     frame->setObjectName(QStringLiteral("TP_frame"));
     auto *layout = new QVBoxLayout(frame);
 
