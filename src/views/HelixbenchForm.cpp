@@ -248,12 +248,13 @@ void HelixbenchForm::BuildStatusBar()
     // The window frame resizes; a grip would take room the three panels need in a narrow window.
     bar->setSizeGripEnabled(false);
     for (int i = 1; i <= 3; ++i) {
-        StatusPanel[i] = new QLabel(session.StatusPanel[i], bar);
+        StatusPanel[i] = new QLabel(bar);
         StatusPanel[i]->setObjectName(QStringLiteral("StatusBar_%1").arg(i));
-        StatusPanel[i]->setFrameShape(QFrame::Panel);
-        StatusPanel[i]->setFrameShadow(QFrame::Sunken);
+        StatusPanel[i]->setFrameStyle(QFrame::Panel | QFrame::Sunken);
         bar->addPermanentWidget(StatusPanel[i], i == 3 ? 0 : 1);
     }
+    for (int i = 1; i <= 3; ++i)
+        StatusPanel[i]->setText(session.StatusPanel[i]);
 }
 
 void HelixbenchForm::Startup(const QString &appDirectory)
