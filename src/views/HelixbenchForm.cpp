@@ -3,6 +3,7 @@
 #include "widgets/LazyPage.h"
 #include "widgets/Placement.h"
 #include "widgets/SingleDialog.h"
+#include "widgets/WideGroupBox.h"
 #include "core/Gene.h"
 #include "core/BulkResets.h"
 #include "core/ListPublishing.h"
@@ -30,7 +31,6 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDir>
-#include <QGroupBox>
 #include <QLabel>
 #include <QMenuBar>
 #include <QPushButton>
@@ -129,7 +129,7 @@ QWidget *HelixbenchForm::BuildCoverTab()
 {
     auto *page = new QWidget;
     auto *outer = new QVBoxLayout(page);
-    auto *frame = new QGroupBox(page);
+    auto *frame = new WideGroupBox(page);
     frame->setObjectName(QStringLiteral("TP_frame"));
     auto *layout = new QVBoxLayout(frame);
 
@@ -248,12 +248,13 @@ void HelixbenchForm::BuildStatusBar()
     // The window frame resizes; a grip would take room the three panels need in a narrow window.
     bar->setSizeGripEnabled(false);
     for (int i = 1; i <= 3; ++i) {
-        StatusPanel[i] = new QLabel(session.StatusPanel[i], bar);
+        StatusPanel[i] = new QLabel(bar);
         StatusPanel[i]->setObjectName(QStringLiteral("StatusBar_%1").arg(i));
-        StatusPanel[i]->setFrameShape(QFrame::Panel);
-        StatusPanel[i]->setFrameShadow(QFrame::Sunken);
+        StatusPanel[i]->setFrameStyle(QFrame::Panel | QFrame::Sunken);
         bar->addPermanentWidget(StatusPanel[i], i == 3 ? 0 : 1);
     }
+    for (int i = 1; i <= 3; ++i)
+        StatusPanel[i]->setText(session.StatusPanel[i]);
 }
 
 void HelixbenchForm::Startup(const QString &appDirectory)
@@ -263,6 +264,9 @@ void HelixbenchForm::Startup(const QString &appDirectory)
     QDir::setCurrent(appDirectory);
     session.BuildReferenceTables();
     // The welcome stands over the window it welcomes to: that one is on the screen first.
+    // Its platform window is made before it is placed, so that where the platform tells the
+    // frame early the window is sized to the screen once, not laid out again after showing.
+    winId();
     Placement::CentreForm(this);
     show();
     session.WelcomeFirstRun();

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QScreen>
 #include <QWidget>
+#include <QWindow>
 
 namespace {
 QScreen *ScreenOf(const QWidget *w)
@@ -20,11 +21,15 @@ QRect Available(const QWidget *w)
     return s ? s->availableGeometry() : QRect(0, 0, 1024, 768);
 }
 // The frame that the window manager puts around a window: that of the window itself once
-// shown, else that of the reference window if that one is on screen, else none. (Qt reports
-// the frame of a window never shown a pixel short.)
+// shown or once its platform window knows it, else that of the reference window if that one
+// is on screen, else none. (Qt reports the frame of a window never shown a pixel short.)
+bool KnowsItsFrame(const QWidget *w)
+{
+    return w->isVisible() || (w->windowHandle() && !w->windowHandle()->frameMargins().isNull());
+}
 QSize FrameOf(const QWidget *w, const QWidget *reference)
 {
-    const QWidget *framed = w->isVisible() ? w : reference && reference->isVisible() ? reference : nullptr;
+    const QWidget *framed = KnowsItsFrame(w) ? w : reference && reference->isVisible() ? reference : nullptr;
     return framed ? (framed->frameGeometry().size() - framed->geometry().size()).expandedTo(QSize(0, 0)) : QSize(0, 0);
 }
 // Makes a window no larger than the available area, title bar and borders included, as far

@@ -4,6 +4,7 @@
 #include "widgets/ProcessingForm.h"
 #include "widgets/QtPrompt.h"
 #include "widgets/SingleDialog.h"
+#include "widgets/WideGroupBox.h"
 
 #include <QtTest>
 #include <QtWidgets>
@@ -156,6 +157,46 @@ private slots:
         QVERIFY(!first);
         QVERIFY(SingleDialog::Show<QDialog>(&owner, make));
         QCOMPARE(made, 2);
+    }
+
+    // A wide group box shows what the style shows for a group box, as it is painted on the
+    // screen: large or small, with or without a title. Where the style blurs the seams of its
+    // stretched picture the two may part by one level of one channel, never more.
+    void wideGroupBox_data()
+    {
+        QTest::addColumn<QSize>("size");
+        QTest::addColumn<QString>("title");
+        QTest::newRow("a page") << QSize(760, 535) << QString();
+        QTest::newRow("narrow and tall") << QSize(30, 400) << QString();
+        QTest::newRow("smaller than its edges") << QSize(7, 5) << QString();
+        QTest::newRow("titled") << QSize(300, 200) << QStringLiteral("Brain");
+    }
+    void wideGroupBox()
+    {
+        QFETCH(QSize, size);
+        QFETCH(QString, title);
+        QWidget page;
+        page.resize(size + QSize(20, 20));
+        QGroupBox plain(title, &page);
+        WideGroupBox wide(title, &page);
+        for (QGroupBox *box : {&plain, static_cast<QGroupBox *>(&wide)})
+            box->setGeometry(QRect(QPoint(10, 10), size));
+        page.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&page));
+        QImage shown[2];
+        for (int i = 0; i < 2; ++i) {
+            plain.setVisible(i == 1);
+            wide.setVisible(i == 0);
+            page.repaint();
+            shown[i] = page.grab().toImage().convertToFormat(QImage::Format_RGB32);
+        }
+        int most = 0;
+        for (int y = 0; y < shown[0].height(); ++y)
+            for (int x = 0; x < shown[0].width(); ++x) {
+                const QRgb a = shown[0].pixel(x, y), b = shown[1].pixel(x, y);
+                most = std::max({most, qAbs(qRed(a) - qRed(b)), qAbs(qGreen(a) - qGreen(b)), qAbs(qBlue(a) - qBlue(b))});
+            }
+        QVERIFY2(most <= 1, qPrintable(QStringLiteral("pixels part by %1 levels").arg(most)));
     }
 };
 
