@@ -48,8 +48,9 @@ fi
 # The longest input worth trying. A genome input of 4,096 bytes holds from a dozen genes to a
 # hundred and fifty; a whole 36,001-byte block costs as much as forty short inputs under the
 # sanitizers and reaches nothing new but the block's ends (the last gene slot, writes past the
-# end, the pickle question), which tests/core/test_genome.cpp and test_genes.cpp walk. A caption file of empty records is 21,616 bytes. The other files are whole at
-# a few hundred bytes, and libFuzzer's default (4096, or the longest seed) serves.
+# end, the pickle question), which tests/core/test_genome.cpp and test_genes.cpp walk. A
+# caption file of empty records is 21,616 bytes. The other files are whole at a few hundred
+# bytes, and libFuzzer's default (4096, or the longest seed) serves.
 max_len() {
   case "$1" in
     fuzz_genome|fuzz_genome_older) echo "-max_len=4096" ;;
