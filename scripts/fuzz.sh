@@ -50,11 +50,14 @@ fi
 # sanitizers and reaches nothing new but the block's ends (the last gene slot, writes past the
 # end, the pickle question), which tests/core/test_genome.cpp and test_genes.cpp walk. A
 # caption file of empty records is 21,616 bytes. The other files are whole at a few hundred
-# bytes, and libFuzzer's default (4096, or the longest seed) serves.
+# bytes, and libFuzzer's default (4096, or the longest seed) serves. A note is read a character
+# at a time: a kilobyte holds hundreds of groups and control words, and twice the inputs a
+# second of 4 KiB ones.
 max_len() {
   case "$1" in
     fuzz_genome|fuzz_genome_older) echo "-max_len=4096" ;;
     fuzz_captions) echo "-max_len=32768" ;;
+    fuzz_notes) echo "-max_len=1024" ;;
   esac
 }
 
