@@ -3,30 +3,6 @@
 #include <QCoreApplication>
 #include <QTest>
 
-ScriptedPrompt &ScriptedPrompt::AnswerMessage(int button)
-{
-    expected.enqueue({QStringLiteral("message"), button, {}});
-    return *this;
-}
-
-ScriptedPrompt &ScriptedPrompt::AnswerInput(const QString &text)
-{
-    expected.enqueue({QStringLiteral("input"), 0, text});
-    return *this;
-}
-
-ScriptedPrompt &ScriptedPrompt::AnswerOpen(const QString &fileName)
-{
-    expected.enqueue({QStringLiteral("open"), 0, fileName});
-    return *this;
-}
-
-ScriptedPrompt &ScriptedPrompt::AnswerSave(const QString &fileName)
-{
-    expected.enqueue({QStringLiteral("save"), 0, fileName});
-    return *this;
-}
-
 QStringList ScriptedPrompt::MessageTexts() const
 {
     QStringList texts;
@@ -58,20 +34,21 @@ QString ScriptedPrompt::InputBox(const QString &title, const QString &prompt, co
     return Next(QStringLiteral("input"), title, prompt).text;
 }
 
-QString ScriptedPrompt::OpenFileName(const QString &title, const QString &folder, const QString &filter,
-                                     const QString &)
+QString ScriptedPrompt::FileName(const QString &kind, const QString &title, const QString &folder, const QString &filter)
 {
     lastFolder = folder;
-    shown.append({QStringLiteral("open"), title, filter, 0});
-    return Next(QStringLiteral("open"), title, folder).text;
+    shown.append({kind, title, filter, 0});
+    return Next(kind, title, folder).text;
 }
 
-QString ScriptedPrompt::SaveFileName(const QString &title, const QString &folder, const QString &filter,
-                                     const QString &)
+QString ScriptedPrompt::OpenFileName(const QString &title, const QString &folder, const QString &filter, const QString &)
 {
-    lastFolder = folder;
-    shown.append({QStringLiteral("save"), title, filter, 0});
-    return Next(QStringLiteral("save"), title, folder).text;
+    return FileName(QStringLiteral("open"), title, folder, filter);
+}
+
+QString ScriptedPrompt::SaveFileName(const QString &title, const QString &folder, const QString &filter, const QString &)
+{
+    return FileName(QStringLiteral("save"), title, folder, filter);
 }
 
 void ScriptedPrompt::ProgressLoad(const QString &title)

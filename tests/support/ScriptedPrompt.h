@@ -19,10 +19,10 @@ public:
     };
 
     // Queue the answer to the next prompt of the kind.
-    ScriptedPrompt &AnswerMessage(int button);
-    ScriptedPrompt &AnswerInput(const QString &text);
-    ScriptedPrompt &AnswerOpen(const QString &fileName);
-    ScriptedPrompt &AnswerSave(const QString &fileName);
+    ScriptedPrompt &AnswerMessage(int button) { return Queue(QStringLiteral("message"), button, {}); }
+    ScriptedPrompt &AnswerInput(const QString &text) { return Queue(QStringLiteral("input"), 0, text); }
+    ScriptedPrompt &AnswerOpen(const QString &fileName) { return Queue(QStringLiteral("open"), 0, fileName); }
+    ScriptedPrompt &AnswerSave(const QString &fileName) { return Queue(QStringLiteral("save"), 0, fileName); }
 
     QList<Shown> shown;
     bool AllAnswered() const { return expected.isEmpty(); }
@@ -62,5 +62,12 @@ private:
         QString text;
     };
     QQueue<Answer> expected;
+    ScriptedPrompt &Queue(const QString &kind, int button, const QString &text)
+    {
+        expected.enqueue({kind, button, text});
+        return *this;
+    }
     Answer Next(const QString &kind, const QString &title, const QString &text);
+    // An open or save dialog: where it opened and what it offered, then the queued name.
+    QString FileName(const QString &kind, const QString &title, const QString &folder, const QString &filter);
 };
