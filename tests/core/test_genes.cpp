@@ -83,10 +83,10 @@ private slots:
     }
 
     // Out-of-range bytes fold into range (not clamp), are counted, and are written back folded.
-    // Each row: gene, offset in its body, byte on file, value read.
+    // Each row: gene, offset in its body (negative: in its header), byte on file, value read.
     void foldingOnRead()
     {
-        const int lobe = 0, emitter = 3, reaction = 4, appearance = 9, pose = 10, instinct = 12;
+        const int lobe = 0, emitter = 3, reaction = 4, appearance = 9, pose = 10, instinct = 12, pigment = 13;
         const struct { int gene, at, in, out; } folds[] = {
             {lobe, 0, 64, 0}, {lobe, 2, 0, 1}, {lobe, 3, 65, 2}, {lobe, 4, 3, 0}, // x, Width, Height, Perceptible
             {lobe, 23, 100, 100}, {lobe, 24, 90, 190},                             // max: (90 mod 156) + min
@@ -96,20 +96,21 @@ private slots:
             {emitter, 0, 4, 1}, {emitter, 5, 0, 1},                                // Organ, Rate
             {reaction, 0, 0, 1}, {reaction, 2, 16, 16}, {reaction, 4, 17, 2}, {reaction, 6, 40, 9},
             {appearance, 0, 6, 0}, {appearance, 1, 26, 0}, {appearance, 2, 4, 0},
-            {pose, 1, 'z', '$'}, {pose, 14, '[', '@'}, {instinct, 0, 8, 0}, {instinct, 6, 16, 0}}; // lobe, Motor
+            {pose, 1, 'z', '$'}, {pose, 14, '[', '@'}, {instinct, 0, 8, 0}, {instinct, 6, 16, 0}, // lobe, Motor
+            {pigment, -7, 6, 2}, {pigment, -3, 13, 6}, {pigment, -2, 0xFF, 63}}; // Type, SwitchOn; Mutability uncounted
         QByteArray in, out;
         for (int g = 0; g < GeneKinds::Count; ++g) {
             const Kind k = Kinds().at(g);
-            QByteArray body = k.body, folded = k.body;
+            QByteArray gene = Header(k.type, k.subType) + k.body, folded = gene;
             for (const auto &f : folds)
                 if (f.gene == g)
-                    body[f.at] = char(f.in), folded[f.at] = char(f.out);
-            in += Header(k.type, k.subType) + body;
-            out += Header(k.type, k.subType) + folded;
+                    gene[11 + f.at] = char(f.in), folded[11 + f.at] = char(f.out);
+            in += gene;
+            out += folded;
         }
         prompt.AnswerMessage(Prompt::Ok);
         QVERIFY(Decode(File(in)));
-        QCOMPARE(session->GenomeImage.CorrectedErrors, qint16(21));
+        QCOMPARE(prompt.Last().text, " 23 genetic error(s) were corrected automatically");
         session->EncodeGenome();
         QCOMPARE(ImageBytes(session->GenomeImage.WriteCursor), File(out));
     }
@@ -134,11 +135,15 @@ private slots:
         QCOMPARE(ImageBytes(28).mid(15, 9), Hex("02") + "EVE_ADAM");
     }
 
+    // A pose string is padded or cut to 15 characters, and written in the code page.
     void poseStringPaddedOrCut()
     {
         QVERIFY(Decode(File(Header(2, 3) + Hex("01") + "ABCDEFGHIJKLMNO")));
-        for (auto [set, written] : {std::pair("ABCDEFGHIJKLMNOPQRST", "ABCDEFGHIJKLMNO"), {"ABC", "ABCXXXXXXXXXXXX"}}) {
-            At<clsPose>(0)->PoseString = QString::fromLatin1(set);
+        const std::pair<QString, QByteArray> strings[] = {{QStringLiteral("\u20ac\u00e9\u0080\u0100"), "\x80\xe9??XXXXXXXXXXX"},
+                                                          {"ABCDEFGHIJKLMNOPQRST", "ABCDEFGHIJKLMNO"},
+                                                          {"ABC", "ABCXXXXXXXXXXXX"}};
+        for (const auto &[set, written] : strings) {
+            At<clsPose>(0)->PoseString = set;
             session->EncodeGenome();
             QCOMPARE(ImageBytes(35).mid(15), Hex("01") + written + "gend");
         }
@@ -157,9 +162,12 @@ private slots:
         QCOMPARE(QList<int>({g->ID, g->Generation, g->MutabilityWeighting, g->GeneType, g->GeneSubType, editorsAsked}),
                  QList<int>({1, 0, 128, 2, 3, 1}));
         QCOMPARE(session->CaptionStore.GetCaption(2, 3, 1), QStringLiteral("001 Wave - Pose"));
-        // Cancel makes nothing.
+        // Cancel makes nothing, nor does a kind past the table.
         const int captions = session->CaptionStore.CaptionCount;
-        QVERIFY(!session->CreateGene(1, 3, true));
+        prompt.AnswerMessage(Prompt::Ok);
+        QVERIFY(!session->CreateGene(1, 3, true) && !session->CreateGene(2, 8, true));
+        QCOMPARE(prompt.Last().text, "Error: trying to create a gene of type 2 and subtype 8 when no such type or subtype "
+                                     "is known to me!");
         QCOMPARE(QList<int>({session->GeneCount, session->CaptionStore.CaptionCount, editorsAsked}),
                  QList<int>({1, captions, 1}));
     }
