@@ -76,13 +76,6 @@ class TestFullDisk : public QObject
         }
     }
 
-    // The lists' changed flags, chemicals, poses, scripts.
-    QString Flags() const
-    {
-        const NameLists &l = session->Lists;
-        return QStringLiteral("%1%2%3").arg(l.ChemicalsChanged).arg(l.PosesChanged).arg(l.ScriptsChanged);
-    }
-
 private slots:
     void initTestCase()
     {
@@ -129,7 +122,7 @@ private slots:
         QTest::addColumn<QString>("file");
         QTest::addColumn<int>("style");
         QTest::addColumn<QString>("message");
-        QTest::addColumn<QString>("flags"); // after the save that goes through
+        QTest::addColumn<QString>("flags"); // chemicals, poses, scripts changed, after the save that goes through
         const QString fault = QStringLiteral("\n\rDescription: Error ID 61 (Disk full: %1)");
         QTest::newRow("genome") << Saved::Genome << "pet.gen" << 64 << "Error writing file:\r\n%1\r\nNo space left on device" << "001";
         QTest::newRow("captions") << Saved::Captions << "pet.gno" << 16 << "Error saving caption file %1\n\rDescription: Error ID 61 (Disk full)" << "111";
@@ -147,6 +140,9 @@ private slots:
         QFETCH(int, style);
         QFETCH(QString, message);
         NameLists &lists = session->Lists;
+        auto flags = [&lists] {
+            return QStringLiteral("%1%2%3").arg(lists.ChemicalsChanged).arg(lists.PosesChanged).arg(lists.ScriptsChanged);
+        };
 
         // A first version fits.
         Save(what, false);
@@ -162,14 +158,14 @@ private slots:
         QCOMPARE(Contents(folder), before); // the old file whole, and nothing left beside it
         QCOMPARE(ShownText(prompt.Last()), ShownText("Helixbench", style, message.arg(Path(file))));
         QCOMPARE(prompt.MessageTexts().size(), 1);
-        QCOMPARE(Flags(), QStringLiteral("111"));
+        QCOMPARE(flags(), QStringLiteral("111"));
 
         // With room again, the same save goes through and writes the file anew.
         QVERIFY(QFile::remove(disk + QStringLiteral("/filler")) && QFile::remove(Path(file)));
         Save(what, false);
         QCOMPARE(prompt.MessageTexts(), QStringList());
         QCOMPARE(Contents(folder), before);
-        QTEST(Flags(), "flags");
+        QTEST(flags(), "flags");
     }
 };
 

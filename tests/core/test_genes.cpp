@@ -122,9 +122,10 @@ private slots:
     void poseStringPaddedOrCut()
     {
         QVERIFY(Decode(File(Header(2, 3) + Hex("01") + "ABCDEFGHIJKLMNO")));
-        const std::pair<QString, QByteArray> strings[] = {{QStringLiteral("\u20ac\u00e9\u0080\u0100"), "\x80\xe9??XXXXXXXXXXX"},
-                                                          {"ABCDEFGHIJKLMNOPQRST", "ABCDEFGHIJKLMNO"},
-                                                          {"ABC", "ABCXXXXXXXXXXXX"}};
+        const std::pair<QString, QByteArray> strings[] = {
+            {QStringLiteral("\u20ac\u00e9\u0080\u0100"), "\x80\xe9??XXXXXXXXXXX"},
+            {"ABCDEFGHIJKLMNOPQRST", "ABCDEFGHIJKLMNO"},
+            {"ABC", "ABCXXXXXXXXXXXX"}};
         for (const auto &[set, written] : strings) {
             At<clsPose>(0)->PoseString = set;
             session->EncodeGenome();

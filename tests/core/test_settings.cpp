@@ -85,7 +85,7 @@ private slots:
         QFETCH(QByteArray, file);
         QFETCH(bool, welcome);
         QFETCH(bool, untouched);
-        const QString path = QSettings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("Helixbench 2")).fileName();
+        const QString path = QSettings(QSettings::IniFormat, QSettings::UserScope, "Helixbench 2").fileName();
         QVERIFY(file.isEmpty() || TestFiles::Write(path, file));
         if (welcome)
             prompt.AnswerMessage(Prompt::Ok);
