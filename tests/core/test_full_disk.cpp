@@ -16,7 +16,7 @@
 #include <sys/statvfs.h>
 
 namespace {
-enum class Saved { Genome, Captions, Chemicals, Poses, Scripts, Template };
+enum class Saved { Genome, Captions, Poses, Scripts };
 
 // Every file of a folder with its bytes.
 QMap<QString, QByteArray> Contents(const QString &folder)
@@ -69,10 +69,8 @@ class TestFullDisk : public QObject
         switch (what) {
         case Saved::Genome: session->SaveGenomeAs(); break;
         case Saved::Captions: session->CaptionStore.SaveUniqueCaptions(Path("pet.gen")); break;
-        case Saved::Chemicals: lists.SaveChemicalList(); break;
         case Saved::Poses: lists.SavePoseList(); break;
         case Saved::Scripts: lists.SaveScriptList(); break;
-        case Saved::Template: session->Template.SaveDefaultTemplate(); break;
         }
     }
 
@@ -90,7 +88,7 @@ private slots:
 
     void cleanupTestCase() { umount2(QFile::encodeName(disk).constData(), MNT_DETACH); }
 
-    // A genome and lists long enough that about half of each file finds room.
+    // A genome, notes and lists long enough that about half of each file finds room.
     void init()
     {
         folder = disk + QStringLiteral("/case");
@@ -100,7 +98,6 @@ private slots:
         session->NewGenome();
         session->CaptionStore.SetAnnotation(2, 1, 0, QString(9000, QLatin1Char('n')));
         NameLists &lists = session->Lists;
-        lists.ChemicalCaptions.fill(QStringLiteral("a chemical described at some length"));
         lists.PoseCaptions.fill(QStringLiteral("a pose described at some length"));
         lists.ScriptMacros.fill(QString(600, QLatin1Char('m')));
     }
@@ -117,7 +114,8 @@ private slots:
     void failedSaveKeepsTheOldFile_data()
     {
         // The message names the file at %1. A save of the genome saves the chemical and pose
-        // lists too, and a save of a list clears its changed flag.
+        // lists too, and a save of a list clears its changed flag. (The chemical list and the
+        // mutation template write as the pose list does; their messages are their own tests'.)
         QTest::addColumn<Saved>("what");
         QTest::addColumn<QString>("file");
         QTest::addColumn<int>("style");
@@ -126,11 +124,8 @@ private slots:
         const QString fault = QStringLiteral("\n\rDescription: Error ID 61 (Disk full: %1)");
         QTest::newRow("genome") << Saved::Genome << "pet.gen" << 64 << "Error writing file:\r\n%1\r\nNo space left on device" << "001";
         QTest::newRow("captions") << Saved::Captions << "pet.gno" << 16 << "Error saving caption file %1\n\rDescription: Error ID 61 (Disk full)" << "111";
-        QTest::newRow("chemicals") << Saved::Chemicals << "Chemicals.txt" << 16 << "Error saving chemical names" + fault << "011";
         QTest::newRow("poses") << Saved::Poses << "PoseName.txt" << 16 << "Error saving pose names" + fault << "101";
         QTest::newRow("scripts") << Saved::Scripts << "scriptnames.txt" << 16 << "Error saving script names" + fault << "110";
-        QTest::newRow("template") << Saved::Template << "mutations.txt" << 16
-                                  << "An error occured saving the default mutation values.\r\nIt is recommended you quit and restart the Helixbench." + fault << "111";
     }
 
     void failedSaveKeepsTheOldFile()
