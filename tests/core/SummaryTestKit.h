@@ -1,5 +1,5 @@
 #pragma once
-// What the organ and genotype tests share: genes appended straight to the list (no editor,
+// What the summary and gene command tests share: genes appended straight to the list (no editor,
 // no checks) with their ID, marks and caption, and the mutation template's gene counts.
 #include "core/Gene.h"
 #include "core/Session.h"

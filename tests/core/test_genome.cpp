@@ -1,5 +1,7 @@
-// The genome image, its reader's folding, the file frame and the load/save commands.
+// The genome image at its edges, the file frame, the recovery from a damaged place and the
+// load/save commands.
 #include "core/Gene.h"
+#include "core/BodyIO.h"
 #include "core/Session.h"
 #include "core/genes/BodyGenes.h"
 #include "support/GenomeBytes.h"
@@ -24,19 +26,31 @@ private slots:
 
     void cleanup() { QVERIFY2(prompt.AllAnswered(), "a queued answer was not asked for"); }
 
-    // The image's edges (the folding of bytes into range is checked gene by gene with the genes):
-    // at the end of the block a read gives zero without advancing, and writes are refused.
+    // The image's edges, which no genome of a file reaches: at the read limit a read gives zero
+    // and stays, and a run of bytes read in one copy reads zeros from it on; the count of
+    // corrections stops at its ceiling. At the end of the block writes, one by one or in one
+    // copy, are refused and counted.
     void imageEdges()
     {
         GenomeImage &img = session->GenomeImage;
-        img.ReadCursor = GenomeImage::ReadLimit;
-        img.Bytes[GenomeImage::ReadLimit] = 9;
-        QCOMPARE(QList<int>({img.GetGenomeByte(1, 3), img.ReadCursor, img.CorrectedErrors}),
-                 QList<int>({0, GenomeImage::ReadLimit, 0}));
-        img.WriteCursor = GenomeImage::Size - 1;
+        const int limit = GenomeImage::ReadLimit, end = GenomeImage::Size;
+        std::tie(img.Bytes[limit - 2], img.Bytes[limit - 1], img.Bytes[limit]) = std::tuple(7, 8, 9);
+        std::tie(img.ReadCursor, img.CorrectedErrors) = std::tuple(limit - 2, 32766);
+        QList<int> read{img.GetGenomeByte(1, 3), img.GetGenomeByte(1, 3), img.GetGenomeByte(1, 3)};
+        QCOMPARE(read << img.ReadCursor << img.CorrectedErrors, QList<int>({2, 3, 0, limit, 32767}));
+        std::array<quint8, 4> run;
+        run.fill(0xAA);
+        img.ReadCursor = limit - 2;
+        BodyReader(img, BodyFormat{}).Bytes(run.data(), 4);
+        QCOMPARE(QList<int>(run.cbegin(), run.cend()) << img.ReadCursor, QList<int>({7, 8, 0, 0, limit}));
+
+        const quint8 two[] = {1, 2}, more[] = {3, 4};
+        img.WriteCursor = end - 3;
+        BodyWriter(img).Bytes(two, 2);
+        BodyWriter(img).Bytes(more, 2);
         img.PutGenomeToken("gend");
-        QCOMPARE(QList<int>({img.Bytes[GenomeImage::Size - 1], img.WriteCursor, img.RefusedWrites}),
-                 QList<int>({'g', GenomeImage::Size, 3}));
+        QCOMPARE(QList<int>({img.Bytes[end - 3], img.Bytes[end - 2], img.Bytes[end - 1]}), QList<int>({1, 2, 3}));
+        QCOMPARE(QList<int>({img.WriteCursor, img.RefusedWrites}), QList<int>({end, 5}));
     }
 
     // A new genome saved fills the whole block behind its 28 bytes. Without a game key each dialog
@@ -59,9 +73,6 @@ private slots:
         QCOMPARE(prompt.MessageTexts(), QStringList(2, "Error reading registry key -- defaulting\r\n"
                                                        "to current directory."));
         QCOMPARE(prompt.lastFolder, sandbox->path());
-        QCOMPARE(QList<int>({other.GeneCount, other.GeneAt(0)->GeneType, other.GeneAt(0)->GeneSubType}),
-                 QList<int>({1, 2, 1}));
-        QCOMPARE(other.StatusPanel[1], QStringLiteral("...") + file.right(20));
 
         sandbox->SetGameValue("Kelmoth Technology", "Arkenfold 2", "1.0", "Genetics Directory", "/games/genetics");
         session->LastGenomeDirectory.clear();
@@ -74,46 +85,62 @@ private slots:
     {
         // 36,001 bytes load (here an empty genome and zeros); one byte more is refused.
         QVERIFY(LoadBytes(File({}) + QByteArray(36001 - 8, '\0')));
-        prompt.AnswerMessage(Prompt::Ok).AnswerMessage(Prompt::Ok).AnswerMessage(Prompt::Ok).AnswerMessage(Prompt::Ok);
+        prompt.AnswerMessage(Prompt::Ok).AnswerMessage(Prompt::Ok).AnswerMessage(Prompt::Ok);
         QVERIFY(!LoadBytes(File({}) + QByteArray(36002 - 8, '\0')));
-        QVERIFY(!LoadBytes("gene"));
         QVERIFY(!LoadBytes(File(Header(1, 5) + Hex("0000"))));
         QVERIFY(!session->LoadGenomeFile(sandbox->path())); // a folder cannot be read
-        QCOMPARE(prompt.MessageTexts().mid(0, 2), QStringList({"File exceeds maximum length for genome (36000 bytes)\r\n"
-                                                               "Operation aborted", "This is not a Arkenfold 2 Verdant DNA file."}));
-        QVERIFY(prompt.shown[2].text.startsWith("Invalid Genome. Sub-type 5is not a valid"));
-        QVERIFY(prompt.shown[3].text.startsWith("Can't read file '"));
+        QCOMPARE(prompt.shown[0].text, "File exceeds maximum length for genome (36000 bytes)\r\nOperation aborted");
+        QVERIFY(prompt.shown[1].text.startsWith("Invalid Genome. Sub-type 5is not a valid"));
+        QVERIFY(prompt.shown[2].text.startsWith("Can't read file '"));
     }
 
-    void headerFolding()
+    // A damaged place asks whether to go on; Yes scans for the next "gene" or "gend" from four
+    // bytes before the failed token (a gene ending in "gene" gives it) up to the scan's limit.
+    void recovery_data()
     {
-        // Type 6 reads as 2 and SwitchOn 13 as 6 (counted); Mutability 0xFF as 63 (not counted).
-        prompt.AnswerMessage(Prompt::Ok);
-        QVERIFY(LoadBytes(File(Hex("67656E65" "0606 05 07 0D FF 40" "0102"))));
-        QCOMPARE(prompt.Last().text, " 2 genetic error(s) were corrected automatically");
-        const Gene *g = session->GeneAt(0);
-        QCOMPARE(QList<int>({g->GeneType, g->GeneSubType, g->ID, g->Generation, g->SwitchOn, g->Mutability,
-                             g->MutabilityWeighting}), QList<int>({2, 6, 5, 7, 6, 63, 0x40}));
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QString>("found");       // the failed token, as the question quotes it
+        QTest::addColumn<QList<int>>("answers");
+        QTest::addColumn<QStringList>("shown");   // each question's title, each error's text
+        QTest::addColumn<int>("genes");           // -1: the load failed
+        const QString zeros(4, QChar(0)), unable = "Unable to lock onto valid data. Operation aborted.";
+        const QByteArray halfLives = Header(1, 3) + QByteArray(251, '\0');
+        const QByteArray colour = Header(2, 6) + Hex("0280");
+        QTest::newRow("nothing to lock onto") << QByteArray("dna2") << zeros << QList<int>{Prompt::Yes, Prompt::Ok}
+                                              << QStringList{"Gene #0 is corrupted", unable} << -1;
+        QTest::newRow("four bytes back") << File(halfLives + '\0' + "gene" + colour.mid(4)) << "\x02\x06\x01\x09"
+                                         << QList<int>{Prompt::Yes} << QStringList{"Gene #1 is corrupted"} << 2;
+        // Not five bytes back (a bad kind there), but two bytes on.
+        QTest::newRow("two bytes on") << File(halfLives + "gene\x02" + Hex("ABCD") + colour) << "\u00ab\u00cdge"
+                                      << QList<int>{Prompt::Yes} << QStringList{"Gene #1 is corrupted"} << 2;
+        QTest::newRow("past false starts") << File("ggengenx") << "ggen" << QList<int>{Prompt::Yes}
+                                           << QStringList{"Gene #0 is corrupted"} << 0;
+        // A gene at the last place scanned is read (its kind from its last byte, the rest zeros
+        // past the read limit); one a byte later is not found.
+        const QByteArray zerosBefore("dna2" + QByteArray(GenomeImage::ResyncLimit - 5, '\0'));
+        QTest::newRow("last place scanned") << zerosBefore + "gene\x02" << zeros << QList<int>{Prompt::Yes, Prompt::No}
+                                            << QStringList{"Gene #0 is corrupted", "Gene #1 is corrupted"} << -1;
+        QTest::newRow("beyond the scan") << zerosBefore + '\0' + "gene" << zeros << QList<int>{Prompt::Yes, Prompt::Ok}
+                                         << QStringList{"Gene #0 is corrupted", unable} << -1;
     }
-
-    void recoveryQuestions()
+    void recovery()
     {
-        // "dna2" alone: the next token is four zero bytes; Yes finds nothing to lock onto; No says nothing
-        // more (a further prompt would be unexpected).
-        prompt.AnswerMessage(Prompt::Yes).AnswerMessage(Prompt::Ok).AnswerMessage(Prompt::No);
-        QVERIFY(!LoadBytes("dna2"));
-        QVERIFY(!LoadBytes("dna2"));
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, found);
+        QFETCH(QList<int>, answers);
+        QFETCH(QStringList, shown);
+        for (int answer : answers)
+            prompt.AnswerMessage(answer);
+        const bool loaded = LoadBytes(bytes);
+        QTEST(loaded ? int(session->GeneCount) : -1, "genes");
+        QStringList got;
+        for (const ScriptedPrompt::Shown &s : prompt.shown)
+            got << (s.style == 4 ? s.title : s.text);
+        QCOMPARE(got, shown);
         QCOMPARE(ShownText(prompt.shown[0]),
-                 ShownText("Gene #0 is corrupted", 4, "ERROR. Corrupted genome. Expected 'gene', found\r\n'"
-                           + QString(4, QChar(0)) + "'. Do you wish me to skip the offending gene and\r\nattempt "
-                           "to continue anyway? This could result in\r\na bad genome."));
-        QVERIFY(prompt.shown[1].text.startsWith("Unable to lock onto valid data."));
-        // Yes skips two stray bytes to a colour gene that starts two bytes late: the scan for the
-        // next token starts four bytes back.
-        prompt.AnswerMessage(Prompt::Yes);
-        QVERIFY(LoadBytes(File(Inject() + Hex("ABCD") + Header(2, 6) + Hex("0280"))));
-        QCOMPARE(prompt.Last().title, QStringLiteral("Gene #1 is corrupted"));
-        QCOMPARE(QList<int>({session->GeneCount, session->GeneAt(1)->GeneSubType}), QList<int>({2, 6}));
+                 ShownText(shown[0], 4, "ERROR. Corrupted genome. Expected 'gene', found\r\n'" + found
+                                            + "'. Do you wish me to skip the offending gene and\r\nattempt to continue "
+                                              "anyway? This could result in\r\na bad genome."));
     }
 
     void gene900Loads901IsRefused()
@@ -141,7 +168,7 @@ private slots:
         }
     }
 
-    void abandonAndCancelledOpen()
+    void abandonAsksOnlyOverTwoGenes()
     {
         // One gene goes without a question; two ask, and Cancel keeps them.
         session->NewGenome();
@@ -152,25 +179,13 @@ private slots:
         QCOMPARE(ShownText(prompt.Last()),
                  ShownText("Helixbench", 35, "This operation will abandon the existing genome. Sure?"));
         QCOMPARE(session->GeneCount, qint16(2));
-        // Yes, then a cancelled file dialog: the session is left empty.
-        prompt.AnswerMessage(Prompt::Yes).AnswerMessage(Prompt::Ok).AnswerOpen(QString());
-        QVERIFY(!session->LoadGenome());
-        QCOMPARE(session->GeneCount, qint16(0));
     }
 
-    // A save over a longer file is cut to the image, so that it loads again. A name so long that the
-    // temporary file cannot be put in its place fails, and the old file stays whole.
+    // A name so long that the temporary file cannot be put in its place fails, and the old file
+    // stays whole.
     void saveOverAnOldFile()
     {
         session->NewGenome();
-        const QString longer = sandbox->path() + QStringLiteral("/longer.gen");
-        QVERIFY(TestFiles::Write(longer, QByteArray(GenomeImage::Size + 99, 'z')));
-        QVERIFY(session->SaveGenomeFile(longer));
-        QCOMPARE(TestFiles::Read(longer), QByteArray(reinterpret_cast<const char *>(session->GenomeImage.Bytes.data()), GenomeImage::Size));
-        const qint16 genes = session->GeneCount;
-        QVERIFY(session->LoadGenomeFile(longer));
-        QCOMPARE(session->GeneCount, genes);
-
         const QString file = sandbox->path() + QLatin1Char('/') + QString(250, QLatin1Char('a')) + ".gen";
         QVERIFY(TestFiles::Write(file, "old contents"));
         prompt.AnswerMessage(Prompt::Ok);

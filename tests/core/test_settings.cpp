@@ -1,4 +1,5 @@
-// The workbench's preferences, the game's key, folder names and the first-run welcome.
+// The workbench's preferences, the game's key, folder names and the first-run welcome with
+// its mark "Installed".
 #include "core/Session.h"
 #include "support/ShownText.h"
 #include "support/StoredPreferences.h"
@@ -41,8 +42,7 @@ private slots:
     }
 
     // The game's folder: 99 bytes and the terminator fit the buffer of 100; 100 bytes do not, nor does
-    // a missing name. A folder name is cut at the first control character (the terminator among
-    // them) and ends in one separator.
+    // a missing name.
     void gameFolder()
     {
         const QString fits = QStringLiteral("/") + QString(98, QLatin1Char('g'));
@@ -57,38 +57,51 @@ private slots:
                  QStringLiteral("/opt/Arkenfold, Deluxe /|/g, h"));
     }
 
-    void normalisePath_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("expected");
-        QTest::newRow("no slash") << "/games/genetics" << "/games/genetics/";
-        QTest::newRow("slash") << "/games/genetics/" << "/games/genetics/";
-        QTest::newRow("empty") << "" << "/";
-        QTest::newRow("cut at NUL") << QStringLiteral("/games/gen") + QChar(0) + QStringLiteral("junk/") << "/games/gen/";
-        QTest::newRow("cut at control") << "/a/b\x1f/c\n" << "/a/b/";
-    }
-
+    // A folder name is cut at its first control character (a blank is none) and ends in one
+    // separator.
     void normalisePath()
     {
-        QFETCH(QString, text);
-        QTEST(Session::NormalisePath(text), "expected");
+        QCOMPARE(Session::NormalisePath("/games/Arkenfold 2\x1f/junk") + '|' + Session::NormalisePath("/games/"),
+                 QStringLiteral("/games/Arkenfold 2/|/games/"));
     }
 
-    // The welcome comes on the first run only, and again only when the mark is "no" (each answer
-    // queued is needed, and a welcome without one fails).
+    // The welcome comes when the stored mark is missing or "no", and then "yes" is stored; a
+    // second run brings nothing (a welcome without a queued answer fails). A mark of "yes" is
+    // not written again: a rewrite by the store would lose the comment and the blanks around
+    // "=". Other values survive the write of the mark.
+    void welcomeOnFirstRunOnly_data()
+    {
+        QTest::addColumn<QByteArray>("file"); // the settings file before start; empty: none
+        QTest::addColumn<bool>("welcome");
+        QTest::addColumn<bool>("untouched"); // the file keeps its bytes
+        const QByteArray head = "; kept by hand\n[Preferences]\nCompany = Kelmoth Technology\n";
+        QTest::newRow("no file") << QByteArray() << true << false;
+        QTest::newRow("no") << head + "Installed = no\n" << true << false;
+        QTest::newRow("another word") << head + "Installed = maybe\n" << false << false;
+        QTest::newRow("yes") << head + "Installed = yes\n" << false << true;
+    }
     void welcomeOnFirstRunOnly()
     {
-        prompt.AnswerMessage(Prompt::Ok).AnswerMessage(Prompt::Ok);
+        QFETCH(QByteArray, file);
+        QFETCH(bool, welcome);
+        QFETCH(bool, untouched);
+        const QString path = QSettings(QSettings::IniFormat, QSettings::UserScope, "Helixbench 2").fileName();
+        QVERIFY(file.isEmpty() || TestFiles::Write(path, file));
+        if (welcome)
+            prompt.AnswerMessage(Prompt::Ok);
         session->WelcomeFirstRun();
-        Session(prompt).WelcomeFirstRun(); // a second welcome here would take the answer meant for below
+        Session(prompt).WelcomeFirstRun();
+        const QString text = "Welcome to the Helixbench!\r\n\r\nPlease note that you can get help on the Helixbench using\r\n"
+                             "the F1 key. There is a substantial amount of information\r\nthere specifically designed to "
+                             "help beginners. All you need\r\nis a little patience. (Nature took 3.7 billion years to come"
+                             "\r\nup with us, after all!) Enjoy!";
+        QCOMPARE(prompt.shown.size(), welcome ? 1 : 0);
+        if (welcome)
+            QCOMPARE(ShownText(prompt.Last()), ShownText("Helixbench", 64, text));
         QCOMPARE(StoredPreferences::Get(QStringLiteral("Installed")).toString(), QStringLiteral("yes"));
-        StoredPreferences::Set(QStringLiteral("Installed"), QStringLiteral("no"));
-        session->WelcomeFirstRun();
-        QCOMPARE(ShownText(prompt.Last()),
-                 ShownText("Helixbench", 64, "Welcome to the Helixbench!\r\n\r\nPlease note that you can get help on the "
-                           "Helixbench using\r\nthe F1 key. There is a substantial amount of information\r\nthere "
-                           "specifically designed to help beginners. All you need\r\nis a little patience. (Nature "
-                           "took 3.7 billion years to come\r\nup with us, after all!) Enjoy!"));
+        QCOMPARE(TestFiles::Read(path) == file, untouched);
+        if (!file.isEmpty())
+            QCOMPARE(StoredPreferences::Get(QStringLiteral("Company")).toString(), QStringLiteral("Kelmoth Technology"));
     }
 
 private:
