@@ -76,23 +76,11 @@ private slots:
         QCOMPARE(prompt.MessageTexts(), QStringList({full, full, "SetAnnotation(): No more room in the caption system"}));
         QCOMPARE(prompt.Last().style, 16);
         QCOMPARE(cs.GetCaption(0, 0, 5) + cs.GetAnnotation(0, 0, 5), QStringLiteral("c5"));
-    }
 
-    void repeatedKeyFindsTheFirstRecordInUse()
-    {
-        CaptionStore &cs = Store();
-        QVERIFY(TestFiles::Write(Path("pet.gno"), CaptionFile(3, {{0, 0, 0, 7, 0, "other", {}}, {1, 2, 1, 1, 0, "first", {}},
-                                                                  {2, 2, 1, 1, 0, "second", {}}})));
-        cs.LoadUniqueCaptions(Path("pet.gen"));
-        cs.SetAnnotation(2, 1, 1, QStringLiteral("note"));
-        QCOMPARE(Caption() + cs.RecordAt(1).Annotation + cs.RecordAt(2).Annotation, QStringLiteral("firstnote"));
-        // Lowering the count hides the records behind it; raising it again shows them.
-        cs.CaptionCount = 1;
-        QCOMPARE(Caption(), QStringLiteral("<no caption>"));
-        cs.CaptionCount = 3;
-        QCOMPARE(Caption() + cs.GetCaption(0, 0, 7), QStringLiteral("firstother"));
-        // A key beyond 16 bits matches nothing, though its low bits match a record.
-        QCOMPARE(cs.GetCaption(2 + 65536, 1, 1), QStringLiteral("<no caption>"));
+        // After an abandon the table stands, but a new caption takes slot 0 over whole.
+        cs.CaptionCount = 0;
+        cs.SetCaption(7, 8, 9, QStringLiteral("three"));
+        QCOMPARE(Caption() + cs.GetCaption(7, 8, 9) + cs.GetAnnotation(7, 8, 9), QStringLiteral("<no caption>three"));
     }
 
     void fileByteForByte()
