@@ -1,26 +1,20 @@
 // The chromosome map: the plot's colours, column width and ticks, then the dialog, read
 // back from the image it draws into.
 #include "BenchGenome.h"
+#include "ToolTestKit.h"
 #include "core/ChromosomeMap.h"
-#include "core/Session.h"
-#include "support/ShownText.h"
-#include "support/TestEnv.h"
 #include "tools/MapPicture.h"
 #include "tools/frmChromosomeMap.h"
 
-#include <QGroupBox>
 #include <QPushButton>
 #include <QtTest>
 
 using namespace ChromosomeMap;
 
-class TestChromosomeMap : public QObject
+class TestChromosomeMap : public QObject, ToolBench
 {
     Q_OBJECT
 
-    ScriptedPrompt prompt;
-    std::unique_ptr<SettingsSandbox> sandbox;
-    std::unique_ptr<Session> session;
     QWidget owner;
     const QRgb Black = qRgb(0, 0, 0), White = MapPicture::Background.rgb(), FirstLine = qRgb(167, 150, 167); // the magic's 'd'
 
@@ -40,8 +34,12 @@ class TestChromosomeMap : public QObject
     }
 
 private slots:
-    void init() { FreshSession(sandbox, prompt, session); }
-    void cleanup() { qDeleteAll(owner.findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly)); }
+    void init() { Start(false); }
+    void cleanup()
+    {
+        qDeleteAll(owner.findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly));
+        QVERIFY(Finish());
+    }
 
     // The line's colour, c = 200 - b / 3 for red and blue and g = c x 0.9, and the column
     // width W, the area's width / 38: each to the nearest whole number, halves to even.
@@ -126,7 +124,7 @@ private slots:
     void closeAndAbandonEndTheMap()
     {
         QPointer<frmChromosomeMap> dialog = OpenMap(1);
-        QCOMPARE(dialog->windowTitle() + dialog->GeneMapFrame->title(), QStringLiteral("Chromosome MapGene Map"));
+        QCOMPARE(dialog->windowTitle(), QStringLiteral("Chromosome Map"));
         QTest::mouseClick(dialog->CloseCommand, Qt::LeftButton);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QVERIFY(dialog.isNull());
