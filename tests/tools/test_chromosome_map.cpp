@@ -1,5 +1,5 @@
-// The chromosome map: the plot's colours, column width and ticks, then the dialog, read
-// back from the image it draws into.
+// The chromosome map: the rounding of the plot's colours and column width, then the dialog,
+// read back from the image it draws into (its lines, ticks and columns).
 #include "BenchGenome.h"
 #include "ToolTestKit.h"
 #include "core/ChromosomeMap.h"
@@ -57,25 +57,6 @@ private slots:
     {
         QFETCH(int, got);
         QTEST(got, "want");
-    }
-
-    // Only "gene" ends in a tick, beside its last letter, wherever it stands.
-    void ticks_data()
-    {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<QByteArray>("ticks");
-        QTest::newRow("gend has none") << QByteArray("xgenegendgene") << QByteArray("    ^       ^");
-        QTest::newRow("a false start") << QByteArray("gengene") << QByteArray("      ^");
-        QTest::newRow("capitals, gen and ene") << QByteArray("GENEgenEgenxene") << QByteArray("               ");
-    }
-    void ticks()
-    {
-        QFETCH(QByteArray, bytes);
-        Walker walker(13);
-        QByteArray ticks;
-        for (const char b : bytes)
-            ticks += walker.Next(quint8(b), 345).tick ? '^' : ' ';
-        QTEST(ticks, "ticks");
     }
 
     void noGenesNoDialog()
