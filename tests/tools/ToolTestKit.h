@@ -21,10 +21,8 @@ protected:
     void Start(bool withForm)
     {
         FreshSession(sandbox, prompt, session);
-        if (withForm) {
-            form.reset(new HelixbenchForm(*session));
-            form->BuildAllTabs();
-        }
+        if (withForm)
+            (form = std::make_unique<HelixbenchForm>(*session))->BuildAllTabs();
     }
     // Ends a test: the window and the session go, and every expected prompt must have come.
     bool Finish()
