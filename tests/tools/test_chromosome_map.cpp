@@ -1,26 +1,20 @@
-// The chromosome map: the plot's colours, column width and ticks, then the dialog, read
-// back from the image it draws into.
+// The chromosome map: the rounding of the plot's colours and column width, then the dialog,
+// read back from the image it draws into (its lines, ticks and columns).
 #include "BenchGenome.h"
+#include "ToolTestKit.h"
 #include "core/ChromosomeMap.h"
-#include "core/Session.h"
-#include "support/ShownText.h"
-#include "support/TestEnv.h"
 #include "tools/MapPicture.h"
 #include "tools/frmChromosomeMap.h"
 
-#include <QGroupBox>
 #include <QPushButton>
 #include <QtTest>
 
 using namespace ChromosomeMap;
 
-class TestChromosomeMap : public QObject
+class TestChromosomeMap : public QObject, ToolBench
 {
     Q_OBJECT
 
-    ScriptedPrompt prompt;
-    std::unique_ptr<SettingsSandbox> sandbox;
-    std::unique_ptr<Session> session;
     QWidget owner;
     const QRgb Black = qRgb(0, 0, 0), White = MapPicture::Background.rgb(), FirstLine = qRgb(167, 150, 167); // the magic's 'd'
 
@@ -40,8 +34,12 @@ class TestChromosomeMap : public QObject
     }
 
 private slots:
-    void init() { FreshSession(sandbox, prompt, session); }
-    void cleanup() { qDeleteAll(owner.findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly)); }
+    void init() { Start(false); }
+    void cleanup()
+    {
+        qDeleteAll(owner.findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly));
+        QVERIFY(Finish());
+    }
 
     // The line's colour, c = 200 - b / 3 for red and blue and g = c x 0.9, and the column
     // width W, the area's width / 38: each to the nearest whole number, halves to even.
@@ -59,25 +57,6 @@ private slots:
     {
         QFETCH(int, got);
         QTEST(got, "want");
-    }
-
-    // Only "gene" ends in a tick, beside its last letter, wherever it stands.
-    void ticks_data()
-    {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<QByteArray>("ticks");
-        QTest::newRow("gend has none") << QByteArray("xgenegendgene") << QByteArray("    ^       ^");
-        QTest::newRow("a false start") << QByteArray("gengene") << QByteArray("      ^");
-        QTest::newRow("capitals, gen and ene") << QByteArray("GENEgenEgenxene") << QByteArray("               ");
-    }
-    void ticks()
-    {
-        QFETCH(QByteArray, bytes);
-        Walker walker(13);
-        QByteArray ticks;
-        for (const char b : bytes)
-            ticks += walker.Next(quint8(b), 345).tick ? '^' : ' ';
-        QTEST(ticks, "ticks");
     }
 
     void noGenesNoDialog()
@@ -126,7 +105,7 @@ private slots:
     void closeAndAbandonEndTheMap()
     {
         QPointer<frmChromosomeMap> dialog = OpenMap(1);
-        QCOMPARE(dialog->windowTitle() + dialog->GeneMapFrame->title(), QStringLiteral("Chromosome MapGene Map"));
+        QCOMPARE(dialog->windowTitle(), QStringLiteral("Chromosome Map"));
         QTest::mouseClick(dialog->CloseCommand, Qt::LeftButton);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QVERIFY(dialog.isNull());

@@ -1,22 +1,17 @@
 // The chemical list handed to the game and as text, and the species caption file: the bytes
 // of the game's list and its backup, the questions and what each answer leaves behind.
+#include "ToolTestKit.h"
 #include "core/ListPublishing.h"
-#include "core/Session.h"
 #include "core/genes/BodyGenes.h"
-#include "support/ShownText.h"
-#include "support/TestEnv.h"
 #include "tools/frmRTFChemicalList.h"
 
 #include <QTextEdit>
 #include <QtTest>
 
-class TestPublishing : public QObject
+class TestPublishing : public QObject, ToolBench
 {
     Q_OBJECT
 
-    ScriptedPrompt prompt;
-    std::unique_ptr<SettingsSandbox> sandbox;
-    std::unique_ptr<Session> session;
     const QString Install = ShownText("Helixbench", 35, "This will install the currently loaded chemical list\r\n"
                                                         "into Arkenfold. Arkenfold's existing list will be lost. Are you sure?");
     const QString Backup = ShownText("Helixbench", 35, "I could not create a backup file. Continue anyway?");
@@ -26,7 +21,7 @@ class TestPublishing : public QObject
     const QByteArray OldList = QByteArray("\x00\x01\x03old", 6);
     const QByteArray NewList = QByteArray("\x00\x01\x00\x04" "Caf\xe9\xff", 9) + QByteArray(255, 'x') + QByteArray(253, '\0');
 
-    QString Game() const { return sandbox->path() + QStringLiteral("/Arkenfold/"); }
+    QString Game() const { return File(QStringLiteral("Arkenfold/")); }
     // What the user saw and what the game's folder holds: the prompts, then each file as
     // "name:content", the lists told as old and new.
     QStringList Outcome() const
@@ -44,12 +39,13 @@ class TestPublishing : public QObject
 private slots:
     void init()
     {
-        FreshSession(sandbox, prompt, session);
+        Start(false);
         session->Tables.Build();
         session->Lists.ChemicalNames[1] = QStringLiteral("Caf\u00e9");
         session->Lists.ChemicalNames[2] = QString(300, QLatin1Char('x'));
         session->Lists.ChemicalCaptions[1] = QStringLiteral("not in the game's file");
     }
+    void cleanup() { QVERIFY(Finish()); }
 
     // Only Yes goes on. A backup that isn't there to delete asks; a second install keeps
     // the list that the first wrote. Without the game's key or folder nothing is written.
@@ -110,7 +106,7 @@ private slots:
         QVERIFY(!ListPublishing::MakeSpeciesCaptionFile(*session)); // no genome
         QVERIFY(session->CreateGene(2, 1, false));
         static_cast<clsSpecies *>(session->GeneAt(0))->Genus = 1;
-        const QString file = sandbox->path() + QStringLiteral("/Brannoch.GNO");
+        const QString file = File(QStringLiteral("Brannoch.GNO"));
         QVERIFY(!ListPublishing::MakeSpeciesCaptionFile(*session) && !QFile::exists(file));
         QVERIFY(ListPublishing::MakeSpeciesCaptionFile(*session));
         const QString question = ShownText("Helixbench", 35, "This will overwrite the default caption file for species "

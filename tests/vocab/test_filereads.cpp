@@ -1,14 +1,15 @@
-// Whole-file reads and writes where the readers take shortcuts: the caption store reads ahead in
-// chunks, skips runs of empty records and clears only the slots it ever filled; small files
-// are read in pieces; single-byte text is written without buffers of its own. Each must give
-// what a plain field-by-field read and write would.
+// Where the readers take shortcuts: the caption store reads ahead in chunks, skips runs of empty
+// records, clears only the slots it ever filled and finds a key through an index rather than a
+// walk through its table; small files are read in pieces. Each must give what a plain
+// field-by-field read, or the walk over the records in use, would.
 #include "CaptionFileKit.h"
 #include "base/AutoPrompt.h"
 #include "base/FileFault.h"
 #include "base/Messages.h"
-#include "base/SingleByteText.h"
+#include "support/TestEnv.h"
 
 #include <QBuffer>
+#include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -57,6 +58,34 @@ QList<FileRecord> Spread()
             {1800, 3, 3, 3, 0, "", "last slot"}};
 }
 
+// A small set of keys, so that repeats are common; (0, 0, 0) is the key of an empty record.
+struct Key
+{
+    int type, subType, id;
+};
+QList<Key> Keys()
+{
+    QList<Key> keys;
+    for (int t = 0; t < 2; ++t)
+        for (int s = 0; s < 2; ++s)
+            for (int id = 0; id < 3; ++id)
+                keys.append({t, s, id});
+    keys.append({-1, 256, 0});      // a key no gene has, but a file may
+    keys.append({65536 + 1, 0, 2}); // wider than a record's field: it matches nothing
+    return keys;
+}
+
+// The lookup as the records in use define it: the first record in use with the key.
+QString Walk(const CaptionStore &store, const Key &k, bool annotation)
+{
+    for (int i = 0; i < qBound(0, int(store.CaptionCount), CaptionStore::Records); ++i) {
+        const CaptionStore::CaptionRecord &r = store.RecordAt(i);
+        if (r.GeneType == k.type && r.GeneSubType == k.subType && r.ID == k.id)
+            return annotation ? r.Annotation : r.Caption;
+    }
+    return annotation ? QStringLiteral("<no annotation>") : QStringLiteral("<no caption>");
+}
+
 } // namespace
 
 class TestFileReads : public QObject
@@ -81,7 +110,6 @@ private slots:
         const QByteArray whole = CaptionFile(1801, Spread());
         const QByteArray writtenWhole = CaptionFile(1798, Spread(), true);
         QTest::newRow("whole, count above the limit") << whole << 0 << 1798 << writtenWhole << qint64(-1);
-        QTest::newRow("older tail behind the records") << whole + "tail" << 0 << 1798 << writtenWhole << qint64(-1);
 
         // Cut inside the long text of record 6: records 0 to 5 stand.
         const qsizetype inLong = whole.indexOf(LongText) + 20000;
@@ -124,65 +152,89 @@ private slots:
         }
     }
 
-    void slotsFilledByCallsAreWritten()
+    // Long runs of random changes (sets, a count lowered and raised again, files with repeated
+    // keys, empty records and cut-off ends) must leave every lookup as the walk gives it.
+    void lookupsFollowEveryChange_data()
     {
-        // After an abandon the table stands: lookups no longer see it, records behind the count
-        // are still written, and a new caption takes slot 0 over whole.
-        QByteArray empty = CaptionFile(0, {});
-        QBuffer in(&empty);
-        in.open(QIODevice::ReadOnly);
-        QVERIFY(!store.Read(in).Failed());
-        store.SetCaption(1, 2, 3, QStringLiteral("one"));
-        store.SetAnnotation(1, 2, 3, QStringLiteral("gone"));
-        store.SetAnnotation(4, 5, 6, QStringLiteral("two"));
-        store.CaptionCount = 0;
-        store.SetCaption(7, 8, 9, QStringLiteral("three"));
-        QCOMPARE(store.GetCaption(1, 2, 3) + store.GetAnnotation(4, 5, 6), QStringLiteral("<no caption><no annotation>"));
-        QCOMPARE(store.FileBytes(), CaptionFile(1, {{0, 7, 8, 9, 0, "three", ""}, {1, 4, 5, 6, 0, "", "two"}}));
+        QTest::addColumn<quint32>("seed");
+        QTest::addColumn<bool>("counts"); // the count is lowered and raised by hand
+        QTest::addColumn<bool>("files");  // files are read, some cut short
+        QTest::newRow("sets only") << 1u << false << false;
+        QTest::newRow("sets and counts") << 2u << true << false;
+        QTest::newRow("sets and files") << 3u << false << true;
+        QTest::newRow("everything") << 4u << true << true;
+        QTest::newRow("everything, again") << 5u << true << true;
+    }
+    void lookupsFollowEveryChange()
+    {
+        QFETCH(quint32, seed);
+        QFETCH(bool, counts);
+        QFETCH(bool, files);
+        CaptionStore cs(messages, folder, species, {}, {});
+        QRandomGenerator random(seed);
+        const QList<Key> keys = Keys();
+        const auto anyKey = [&] { return keys.at(int(random.bounded(keys.size()))); };
+        int found = 0;
+
+        for (int step = 0; step < 400; ++step) {
+            const int op = int(random.bounded(10));
+            QString what;
+            if (counts && op == 0) {
+                // Lowered (an abandon sets 0), or raised over records left in the table.
+                cs.CaptionCount = qint16(random.bounded(2) ? 0 : random.bounded(int(cs.CaptionCount) + 4));
+                what = QStringLiteral("count %1").arg(cs.CaptionCount);
+            } else if (counts && op == 1) {
+                cs.CaptionCount = CaptionStore::InUse; // full: sets are refused
+                what = QStringLiteral("full");
+            } else if (files && op == 2) {
+                // Records at random slots near the front, repeated keys among them; the count
+                // may stop before some of them, and the file may end early.
+                QList<FileRecord> records;
+                for (int n = int(random.bounded(8)); n > 0; --n) {
+                    const Key k = anyKey();
+                    records.append({int(random.bounded(12)), qint16(k.type), qint16(k.subType), qint16(k.id), 0,
+                                    QByteArray::number(step), {}});
+                }
+                QByteArray file = CaptionFile(int(random.bounded(14)), records, true);
+                if (random.bounded(3) == 0)
+                    file.truncate(4 + random.bounded(12 * 14));
+                QBuffer in(&file);
+                in.open(QIODevice::ReadOnly);
+                cs.Read(in);
+                what = QStringLiteral("read %1 bytes").arg(file.size());
+            } else {
+                const Key k = anyKey();
+                const QString text = QStringLiteral("text %1").arg(step);
+                if (random.bounded(2))
+                    cs.SetCaption(k.type, k.subType, k.id, text);
+                else
+                    cs.SetAnnotation(k.type, k.subType, k.id, text);
+                what = QStringLiteral("set %1 %2 %3").arg(k.type).arg(k.subType).arg(k.id);
+            }
+            for (const Key &k : keys) {
+                const QString where = QStringLiteral("step %1 (%2), key %3 %4 %5")
+                                          .arg(step).arg(what).arg(k.type).arg(k.subType).arg(k.id);
+                QVERIFY2(cs.GetCaption(k.type, k.subType, k.id) == Walk(cs, k, false), qPrintable(where));
+                QVERIFY2(cs.GetAnnotation(k.type, k.subType, k.id) == Walk(cs, k, true), qPrintable(where));
+                found += Walk(cs, k, false) != QLatin1String("<no caption>");
+            }
+        }
+        // The runs find records as often as they miss them, not just the empty store.
+        QVERIFY2(found > 1000, qPrintable(QString::number(found)));
     }
 
-    void smallFileReadsInPieces_data()
+    // Read in pieces, a file gives its first bytes up to the limit, and no more.
+    void smallFileReadStopsAtTheLimit()
     {
-        QTest::addColumn<int>("size");
-        QTest::addColumn<qint64>("most");
-        QTest::newRow("empty") << 0 << qint64(100);
-        QTest::newRow("smaller than the limit") << 1028 << qint64(34000000);
-        QTest::newRow("cut at the limit") << 200000 << qint64(150001);
-        QTest::newRow("several pieces, all of it") << 300000 << qint64(1000000);
-    }
-
-    void smallFileReadsInPieces()
-    {
-        QFETCH(int, size);
-        QFETCH(qint64, most);
         QTemporaryDir dir;
-        const QString path = dir.filePath(QStringLiteral("list.txt"));
-        QByteArray content(size, Qt::Uninitialized);
-        for (int i = 0; i < size; ++i)
+        QByteArray content(200000, Qt::Uninitialized);
+        for (int i = 0; i < content.size(); ++i)
             content[i] = char(i * 7 + i / 251);
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(content) == size);
-        file.close();
-        QByteArray got = "left over";
+        QVERIFY(TestFiles::Write(dir.filePath(QStringLiteral("list.txt")), content));
+        QByteArray got;
         FileFault fault;
-        QVERIFY(SmallFiles::ReadFront(path, most, got, fault));
-        QCOMPARE(got, content.left(qsizetype(most)));
-    }
-
-    void textWrittenInPlaceAsEncoded()
-    {
-        // Every UTF-16 code unit, where the code page has it and where it doesn't.
-        QString all(0x10000, Qt::Uninitialized);
-        for (int c = 0; c < 0x10000; ++c)
-            all[c] = QChar(ushort(c));
-        const QByteArray encoded = SingleByteText::Encode(all);
-        QByteArray appended = "head";
-        SingleByteText::Append(appended, all);
-        QCOMPARE(appended, "head" + encoded);
-        QByteArray into(all.size(), '\0');
-        SingleByteText::EncodeInto(all, into.data());
-        QCOMPARE(into, encoded);
-        QCOMPARE(encoded.count('?'), 0x10000 - 255); // 256 characters have a byte; '?' is one of them
+        QVERIFY(SmallFiles::ReadFront(dir.filePath(QStringLiteral("list.txt")), 150001, got, fault));
+        QCOMPARE(got, content.left(150001));
     }
 
 private:
