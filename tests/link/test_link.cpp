@@ -75,6 +75,10 @@ private slots:
         QVERIFY(tab().VirginBirthCheck->isChecked() && !tab().ParentMoniker->isEnabled());
         tab().VirginBirthCheck->click();
         QVERIFY(tab().ParentMoniker->isEnabled());
+        // The status stands in a sunken box: its edge is drawn apart from the ground within.
+        const QImage status = tab().InjectStatusLabel->grab().toImage();
+        QCOMPARE(tab().InjectStatusLabel->text(), QStringLiteral("Idle"));
+        QVERIFY(status.pixel(0, status.height() / 2) != status.pixel(4, status.height() / 2));
     }
 
     void listCommandsFindTheirSlotByName()
