@@ -1,6 +1,6 @@
 // The widgets every window shares, as the user meets them: the progress window, the message
-// and input boxes (icon, buttons, the code each way out gives), and the modeless dialogs that
-// stand once.
+// and input boxes (icon, buttons, the code each way out gives, where a box raised from a
+// dialog stands and where the focus goes back), the open dialog, and the wide group box.
 #include "widgets/ProcessingForm.h"
 #include "widgets/QtPrompt.h"
 #include "widgets/WideGroupBox.h"
