@@ -5,6 +5,7 @@
 #include "core/GeneCommands.h"
 #include "views/GenomeCompareForm.h"
 #include "views/HelixbenchForm.h"
+#include "views/ListText.h"
 
 using namespace GenomeBytes;
 
@@ -35,14 +36,6 @@ class TestCompareWindow : public QObject
         form->findChild<QAction *>(QStringLiteral("gappcCompareGenome"))->trigger();
         return form->findChild<GenomeCompareForm *>();
     }
-    // A column of the top-level rows of a list, comma-separated.
-    static QString Column(const QTreeWidget *list, int column)
-    {
-        QStringList texts;
-        for (int i = 0; list && i < list->topLevelItemCount(); ++i)
-            texts << list->topLevelItem(i)->text(column);
-        return texts.join(',');
-    }
 
 private slots:
     void init()
@@ -69,18 +62,18 @@ private slots:
     {
         GenomeCompareForm *w = Compare(File(Species() + Pose(1, 42) + Receptor(1, 6) + Receptor(2, 5)));
         QVERIFY(w && w->txtMessages->parentWidget()->isHidden());
-        QCOMPARE(Column(w->CompareListView, 0), QStringLiteral("same,changed,only right,same"));
+        QCOMPARE(ColumnText(w->CompareListView, 0), QStringLiteral("same,changed,only right,same"));
         QCOMPARE(w->lblSummary->text(), QStringLiteral("3 genes left, 4 right: 2 same, 1 changed, 0 only left, 1 only right"));
-        QCOMPARE(Column(w->CompareListView, 5).section(',', 1, 1), QStringLiteral("#002 <no caption>"));
+        QCOMPARE(ColumnText(w->CompareListView, 5).section(',', 1, 1), QStringLiteral("#002 <no caption>"));
         const QTreeWidgetItem *field = w->CompareListView->topLevelItem(1)->child(0);
         QCOMPARE(QStringList({field->text(1), field->text(4), field->text(5)}), QStringList({"Chemical", "5 (Glucose)", "6"}));
 
         w->lstShow->setCurrentIndex(1);
-        QCOMPARE(Column(w->CompareListView, 0), QStringLiteral("changed,only right"));
+        QCOMPARE(ColumnText(w->CompareListView, 0), QStringLiteral("changed,only right"));
         w->lstKind->setCurrentIndex(1 + GeneKinds::IndexOf(GeneKind::Pose));
         QCOMPARE(w->CompareListView->topLevelItemCount(), 0);
         QVERIFY(GeneCommands::DeleteGene(*s(), 2, true)); // the pose
-        QCOMPARE(Column(w->CompareListView, 0), QStringLiteral("only right"));
+        QCOMPARE(ColumnText(w->CompareListView, 0), QStringLiteral("only right"));
     }
 
     // Copying the selected right genes: each lands at the end of the open genome with a
@@ -89,7 +82,7 @@ private slots:
     void copyAddsRowsAndComparesAgain()
     {
         GenomeCompareForm *w = Compare(File(Species() + Receptor(1, 6) + Receptor(4, 5)));
-        QCOMPARE(Column(w->CompareListView, 0), QStringLiteral("same,changed,only right,only left"));
+        QCOMPARE(ColumnText(w->CompareListView, 0), QStringLiteral("same,changed,only right,only left"));
         kit.prompt.AnswerMessage(Prompt::Ok);
         w->btnCopy->click();
         QCOMPARE(kit.prompt.Last().text, QStringLiteral("No gene of the other genome is selected to copy"));
@@ -97,9 +90,9 @@ private slots:
         w->CompareListView->topLevelItem(2)->setSelected(true);
         w->btnCopy->click();
 
-        QCOMPARE(Column(form->findChild<QTreeWidget *>(QStringLiteral("GeneListListView")), 2), QStringLiteral("001,001,001,002,004"));
+        QCOMPARE(ColumnText(form->findChild<QTreeWidget *>(QStringLiteral("GeneListListView")), 2), QStringLiteral("001,001,001,002,004"));
         // The changed receptor's copy took ID 2 and pairs with nothing; the other now matches.
-        QCOMPARE(Column(w->CompareListView, 0), QStringLiteral("same,changed,only left,only left,same"));
+        QCOMPARE(ColumnText(w->CompareListView, 0), QStringLiteral("same,changed,only left,only left,same"));
     }
 
     // A damaged or foreign file: its messages stand in the window, the open genome shows on
@@ -117,7 +110,7 @@ private slots:
         GenomeCompareForm *w = Compare(bytes);
         QVERIFY(w && !w->Other().Loaded() && !w->txtMessages->parentWidget()->isHidden());
         QTEST(w->txtMessages->toPlainText().section(QLatin1Char('\n'), -1), "message"); // the last one
-        QCOMPARE(Column(w->CompareListView, 0), QStringLiteral("only left,only left,only left"));
+        QCOMPARE(ColumnText(w->CompareListView, 0), QStringLiteral("only left,only left,only left"));
     }
 };
 

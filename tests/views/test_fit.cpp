@@ -9,17 +9,8 @@
 #include "editors/GeneEditor.h"
 #include "editors/GeneNotesForm.h"
 #include "editors/frmSVRule.h"
-#include "settings/AboutForm.h"
-#include "settings/HelpSystem.h"
-#include "settings/HelpWindow.h"
-#include "settings/frmOptions.h"
-#include "tools/frmChromosomeMap.h"
-#include "tools/frmRTFChemicalList.h"
-#include "tools/frmReorganise.h"
-#include "views/GenomeCompareForm.h"
 #include "views/HelixbenchForm.h"
 #include "views/NewGeneForm.h"
-#include "views/frmChangeDefaultTemplate.h"
 #include "widgets/Placement.h"
 
 #include <QtTest>
@@ -40,77 +31,40 @@ struct SamplePrompt : AutoPrompt
 
 QString Shown(QString text) { return text.remove(QRegularExpression(QStringLiteral("&(?!&)"))); }
 
-int Widest(const QFontMetrics &fm, const QString &text)
-{
-    int w = 0;
-    for (const QString &line : text.split(QLatin1Char('\n')))
-        w = qMax(w, fm.horizontalAdvance(line));
-    return w;
-}
-
-// The room a control has for its text and the width its text needs; (0, 0) when it holds no
-// text of its own that must be seen whole.
-QPair<int, int> TextRoom(QWidget *w)
+// The size a control has for a text of its own that must be seen whole, and the size that text
+// needs; both empty when it holds no such text.
+std::pair<QSize, QSize> TextRoom(QWidget *w)
 {
     const QFontMetrics fm = w->fontMetrics();
-    QStyle *style = w->style();
-    if (auto *b = qobject_cast<QPushButton *>(w))
-        return {b->width() - 2 * style->pixelMetric(QStyle::PM_ButtonMargin, nullptr, b) + 4,
-                fm.horizontalAdvance(Shown(b->text())) + (b->icon().isNull() ? 0 : b->iconSize().width())};
-    if (qobject_cast<QCheckBox *>(w) || qobject_cast<QRadioButton *>(w)) {
-        auto *b = static_cast<QAbstractButton *>(w);
-        const bool check = qobject_cast<QCheckBox *>(w);
-        const int indicator = style->pixelMetric(check ? QStyle::PM_IndicatorWidth : QStyle::PM_ExclusiveIndicatorWidth, nullptr, b)
-            + style->pixelMetric(check ? QStyle::PM_CheckBoxLabelSpacing : QStyle::PM_RadioButtonLabelSpacing, nullptr, b);
-        return {b->width() - indicator, fm.horizontalAdvance(Shown(b->text()))};
-    }
-    if (auto *l = qobject_cast<QLabel *>(w)) {
-        if (l->text().isEmpty() || Qt::mightBeRichText(l->text()))
-            return {0, 0};
-        if (l->wordWrap())
-            return {l->height(), l->heightForWidth(l->width())};
-        const int frame = l->frameWidth() + qMax(l->margin(), 0);
-        return {l->width() - 2 * frame, Widest(fm, Shown(l->text()))};
-    }
+    auto *l = qobject_cast<QLabel *>(w);
+    if (l && (l->text().isEmpty() || Qt::mightBeRichText(l->text())))
+        return {};
+    if (l && l->wordWrap())
+        return {QSize(0, l->height()), QSize(0, l->heightForWidth(l->width()))};
+    // A button or a label of one line asks for the size its text needs.
+    if (auto *b = qobject_cast<QAbstractButton *>(w); l || (b && !b->text().isEmpty()))
+        return {w->size(), w->minimumSizeHint()};
     if (auto *c = qobject_cast<QComboBox *>(w)) {
         QStyleOptionComboBox opt;
         opt.initFrom(c);
         opt.editable = c->isEditable();
-        const QRect field = style->subControlRect(QStyle::CC_ComboBox, &opt, QStyle::SC_ComboBoxEditField, c);
-        return {field.width(), fm.horizontalAdvance(c->currentText())};
+        const QRect field = w->style()->subControlRect(QStyle::CC_ComboBox, &opt, QStyle::SC_ComboBoxEditField, c);
+        return {QSize(field.width(), 0), QSize(fm.horizontalAdvance(c->currentText()), 0)};
     }
-    if (auto *e = qobject_cast<QLineEdit *>(w)) {
-        // Free text scrolls; a field of a few characters (a number, a moniker) must show whole.
-        if (e->maxLength() > 32 && !qobject_cast<QAbstractSpinBox *>(e->parentWidget()))
-            return {0, 0};
+    // Free text scrolls; a field of a few characters (a number, a moniker) must show whole, and
+    // a box of four characters or fewer holds a number: it has room for all its digits.
+    if (auto *e = qobject_cast<QLineEdit *>(w); e && e->maxLength() <= 32) {
         QStyleOptionFrame opt;
         opt.initFrom(e);
-        opt.lineWidth = e->hasFrame() ? style->pixelMetric(QStyle::PM_DefaultFrameWidth, &opt, e) : 0;
-        const QRect r = style->subElementRect(QStyle::SE_LineEditContents, &opt, e);
-        const QMargins m = e->textMargins();
-        // A box of four characters or fewer holds a number: it has room for all its digits.
+        opt.lineWidth = e->hasFrame() ? w->style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &opt, e) : 0;
+        const QRect r = w->style()->subElementRect(QStyle::SE_LineEditContents, &opt, e);
         const QString widest = e->maxLength() <= 4 ? QString(e->maxLength(), QLatin1Char('0')) : QString();
-        return {r.width() - m.left() - m.right() - 4, qMax(fm.horizontalAdvance(e->text()), fm.horizontalAdvance(widest))};
+        const int need = qMax(fm.horizontalAdvance(e->text()), fm.horizontalAdvance(widest));
+        return {QSize(r.width() - e->textMargins().left() - e->textMargins().right() - 4, 0), QSize(need, 0)};
     }
     if (auto *g = qobject_cast<QGroupBox *>(w))
-        return {g->width() - 8, g->title().isEmpty() ? 0 : fm.horizontalAdvance(Shown(g->title()))};
-    return {0, 0};
-}
-
-// Column headers that cut their own caption.
-QStringList CutHeaders(QHeaderView *h)
-{
-    QStringList cut;
-    const QFontMetrics fm = h->fontMetrics();
-    const int margin = 2 * h->style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, h);
-    for (int i = 0; i < h->count(); ++i) {
-        if (h->isSectionHidden(i))
-            continue;
-        const QString text = h->model()->headerData(i, h->orientation()).toString();
-        if (fm.horizontalAdvance(text) + margin > h->sectionSize(i))
-            cut << QStringLiteral("column \"%1\" %2 < %3").arg(text).arg(h->sectionSize(i)).arg(fm.horizontalAdvance(text) + margin);
-    }
-    return cut;
+        return {QSize(g->width() - 8, 0), QSize(fm.horizontalAdvance(Shown(g->title())), 0)};
+    return {};
 }
 
 bool InsideScrolledContent(const QWidget *w, const QWidget *window)
@@ -132,7 +86,7 @@ bool InLayout(const QLayout *l, const QWidget *w)
 
 // Every visible control of a window that lies outside its parent, escapes the layout its
 // parent has (it would sit at its parent's corner, over other controls; only a size grip is
-// meant to) or cuts its text.
+// meant to), cuts its text, or has a column header that cuts its caption.
 QStringList Misfits(QWidget *window)
 {
     QStringList found;
@@ -143,17 +97,22 @@ QStringList Misfits(QWidget *window)
                                                          w->objectName());
         const QWidget *parent = w->parentWidget();
         if (!parent->rect().contains(w->geometry()))
-            found << QStringLiteral("%1 at %2,%3 %4x%5 outside its parent %6x%7").arg(name).arg(w->x()).arg(w->y())
-                         .arg(w->width()).arg(w->height()).arg(parent->width()).arg(parent->height());
+            found << QStringLiteral("%1 at %2 outside its parent %3").arg(name, QDebug::toString(w->geometry()),
+                                                                        QDebug::toString(parent->size()));
         if (parent->layout() && !InLayout(parent->layout(), w) && !qobject_cast<QSizeGrip *>(w))
             found << name + QStringLiteral(" is in no layout of its parent ") + parent->objectName();
-        const auto room = TextRoom(w);
-        if (room.second > room.first)
-            found << QStringLiteral("%1 \"%2\" needs %3, has %4").arg(name, w->property("text").toString().left(40))
-                         .arg(room.second).arg(room.first);
-        if (auto *h = qobject_cast<QHeaderView *>(w); h && h->orientation() == Qt::Horizontal)
-            for (const QString &c : CutHeaders(h))
-                found << name + QLatin1Char(' ') + c;
+        const auto [room, need] = TextRoom(w);
+        if (need.width() > room.width() || need.height() > room.height())
+            found << QStringLiteral("%1 \"%2\" needs %3, has %4").arg(name, w->property("text").toString().left(40),
+                                                                      QDebug::toString(need), QDebug::toString(room));
+        auto *h = qobject_cast<QHeaderView *>(w);
+        for (int i = 0; h && h->orientation() == Qt::Horizontal && i < h->count(); ++i) {
+            const QString text = h->model()->headerData(i, Qt::Horizontal).toString();
+            const int margin = h->style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, h);
+            const int least = h->fontMetrics().horizontalAdvance(text) + 2 * margin;
+            if (!h->isSectionHidden(i) && h->sectionSize(i) < least)
+                found << QStringLiteral("%1 column \"%2\" %3 < %4").arg(name, text).arg(h->sectionSize(i)).arg(least);
+        }
     }
     return found;
 }
@@ -174,23 +133,19 @@ class TestFit : public QObject
     std::unique_ptr<HelixbenchForm> window;
 
     QMap<QString, Gene *> editors; // the first gene of each editor's kind
-    // The other windows, each opened as the program opens it.
+    // The other windows: the modal ones and the new gene dialog made as the program makes them,
+    // the rest opened from their menu entries.
     using Opener = std::function<QWidget *(Session &, QWidget *)>;
     const QList<QPair<QString, Opener>> dialogs = {
         {"frmSVRule", [](Session &s, QWidget *m) { return new frmSVRule(s, m); }},
         {"GeneNotesForm", [](Session &s, QWidget *m) { return new GeneNotesForm(s, m); }},
         {"NewGeneForm", [](Session &s, QWidget *m) { return new NewGeneForm(s, m); }},
-        {"frmOptions", [](Session &s, QWidget *m) { return new frmOptions(s, m); }},
-        {"frmChangeDefaultTemplate", [](Session &s, QWidget *m) { return frmChangeDefaultTemplate::Open(s, m); }},
-        {"frmReorganise", [](Session &s, QWidget *m) { return frmReorganise::Open(s, [] {}, m); }},
-        {"frmChromosomeMap", [](Session &s, QWidget *m) { return new frmChromosomeMap(s, m); }},
-        {"frmRTFChemicalList", [](Session &s, QWidget *m) { return frmRTFChemicalList::Open(s, m); }},
-        {"GenomeCompareForm", [](Session &s, QWidget *m) { return GenomeCompareForm::Open(s, m); }},
-        {"AboutForm", [](Session &, QWidget *m) { return AboutForm::Open(m); }},
-        {"HelpWindow", [this](Session &, QWidget *) -> QWidget * {
-             return window->Help->ShowHelpAnchor(QStringLiteral("contents")) ? window->Help->Window() : nullptr;
-         }},
     };
+    const QList<QPair<QString, QString>> entries = {
+        {"GenomeCompareForm", "gappcCompareGenome"}, {"frmRTFChemicalList", "gappaRTFChemicalList"},
+        {"frmReorganise", "gappaReorganise"}, {"frmChromosomeMap", "gappaPlotChromosomeMap"},
+        {"frmChangeDefaultTemplate", "gappaChangeDefaultTemplate"}, {"frmOptions", "gappaAdvancedOptions"},
+        {"HelpWindow", "gapphContents"}, {"AboutForm", "gapphAbout"}};
 
     // Opens the window of that name, as the program would.
     QWidget *Open(const QString &name)
@@ -206,6 +161,12 @@ class TestFit : public QObject
         for (const auto &[dialog, open] : dialogs)
             if (dialog == name)
                 return open(*session, window.get());
+        for (const auto &[dialog, entry] : entries)
+            if (dialog == name)
+                window->findChild<QAction *>(entry)->trigger();
+        for (QWidget *w : QApplication::topLevelWidgets())
+            if (w->objectName() == name && w->isVisible())
+                return w;
         return nullptr;
     }
 
@@ -217,8 +178,6 @@ private slots:
         RegisterEditors(*session, window.get());
         window->Startup(QCoreApplication::applicationDirPath());
         window->show();
-        qInfo("screen %dx%d, device pixel ratio %g", window->screen()->size().width(), window->screen()->size().height(),
-              window->devicePixelRatioF());
         QVERIFY(session->LoadGenomeFile(QStringLiteral(HELIX_SAMPLE_GENOME)));
         // The kinds the sample lacks: a genus and a gait gene.
         QVERIFY(session->CreateGene(2, 1, false));
@@ -240,6 +199,8 @@ private slots:
             names << QStringLiteral("tab%1").arg(t);
         for (const auto &dialog : dialogs)
             names << dialog.first;
+        for (const auto &entry : entries)
+            names << entry.first;
         for (const QString &name : names) {
             QTest::newRow(qPrintable(name + QStringLiteral(" small"))) << name << false;
             QTest::newRow(qPrintable(name + QStringLiteral(" large"))) << name << true;

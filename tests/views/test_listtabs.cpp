@@ -6,6 +6,7 @@
 #include "support/TestEnv.h"
 #include "views/ChemicalTab.h"
 #include "views/HelixbenchForm.h"
+#include "views/ListText.h"
 #include "views/PoseTab.h"
 
 #include <QtTest>
@@ -23,11 +24,7 @@ class TestListTabs : public QObject
     template <typename T> T *Find(const char *name) { return form->findChild<T *>(QString::fromLatin1(name)); }
     void Click(const char *button) { QTest::mouseClick(Find<QPushButton>(button), Qt::LeftButton); }
     QString Label(const char *name) { return Find<QLabel>(name)->text(); }
-    QString Row(const char *view, int row)
-    {
-        QTreeWidgetItem *item = Find<QTreeWidget>(view)->topLevelItem(row);
-        return item->text(0) + QLatin1Char('|') + item->text(1) + QLatin1Char('|') + item->text(2);
-    }
+    QString Row(const char *view, int row) { return RowText(Find<QTreeWidget>(view)->topLevelItem(row)); }
     void Select(const char *view, int row) { Find<QTreeWidget>(view)->setCurrentItem(Find<QTreeWidget>(view)->topLevelItem(row)); }
     // Fills the views and shows the tab.
     void Fill(const char *tab) { emit session->ListViewsMustFill(); Find<QTabWidget>("SSTab1")->setCurrentWidget(Find<QWidget>(tab)); }
@@ -104,21 +101,6 @@ private slots:
         QCOMPARE(Row("ChemicalListView", 2), QStringLiteral("2|2|"));
     }
 
-    // Pose 0 is renamed and described like any other pose, and a free one is not deleted.
-    void poseCommandsTreatPoseZeroLikeAnyOther()
-    {
-        Fill("PoseTab");
-        Select("PoseListView", 0);
-        prompt.AnswerMessage(Prompt::Ok).AnswerInput(QStringLiteral("Walk")).AnswerInput(QStringLiteral("legs moving"));
-        Click("DeletePoseCommand");
-        QCOMPARE(prompt.Last().text, QStringLiteral("Pose 0 is already deleted"));
-        Click("RenamePoseCommand");
-        QCOMPARE(Shown(), QStringLiteral("Rename Pose|0|Rename Pose '0' [0]"));
-        Click("CaptionPoseCommand");
-        QCOMPARE(Shown(), QStringLiteral("Describe Pose|0|Describe Pose 'Walk' []"));
-        QCOMPARE(Row("PoseListView", 0), QStringLiteral("0|Walk|legs moving"));
-    }
-
     void popUpMenusAndTheirSaveEntries()
     {
         session->Lists.ChemicalNames[5] = QStringLiteral("ATP");
@@ -145,7 +127,9 @@ private slots:
         menu->hide();
     }
 
-    void menuSaveCommandsSaveOnlyWhatChanged()
+    // The save commands save only a list that changed, and renaming to the same text is a
+    // change. Pose 0 is renamed and described like any other pose, and a free one is not deleted.
+    void saveCommandsAndPoseZero()
     {
         Fill("PoseTab");
         auto *poses = form->findChild<PoseTab *>();
@@ -154,13 +138,21 @@ private slots:
         poses->SaveListCommand();
         QCOMPARE(Shown(0), QStringLiteral("Helixbench|64|No changes to save, operation canceled"));
         QCOMPARE(QDir(sandbox->path()).entryList({"*.txt"}), QStringList());
-
-        // Renaming to the same text still counts as a change.
         Select("PoseListView", 4);
         prompt.AnswerInput(QStringLiteral("4"));
         Click("RenamePoseCommand");
         poses->SaveListCommand();
         QVERIFY(!session->Lists.PosesChanged && QFile::exists(sandbox->path() + QStringLiteral("/PoseName.txt")));
+
+        Select("PoseListView", 0);
+        prompt.AnswerMessage(Prompt::Ok).AnswerInput(QStringLiteral("Walk")).AnswerInput(QStringLiteral("legs moving"));
+        Click("DeletePoseCommand");
+        QCOMPARE(prompt.Last().text, QStringLiteral("Pose 0 is already deleted"));
+        Click("RenamePoseCommand");
+        QCOMPARE(Shown(), QStringLiteral("Rename Pose|0|Rename Pose '0' [0]"));
+        Click("CaptionPoseCommand");
+        QCOMPARE(Shown(), QStringLiteral("Describe Pose|0|Describe Pose 'Walk' []"));
+        QCOMPARE(Row("PoseListView", 0), QStringLiteral("0|Walk|legs moving"));
 
         // A row that is missing is reported.
         QTreeWidget empty;

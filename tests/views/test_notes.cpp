@@ -45,15 +45,14 @@ private slots:
 
     void cleanup() { QVERIFY(prompt.AllAnswered()); }
 
+    // Its texts, and it stands in the middle of the screen.
     void dialogAsDesigned()
     {
         GeneNotesForm form(*session);
-        QVERIFY(form.isModal());
         QCOMPARE(form.windowTitle() + '|' + form.Frame1->title() + '|' + form.GeneNotesClose->text() + form.GeneNotesCancel->text(),
                  QStringLiteral("Gene Notes|Detailed Gene Description|&CloseC&ancel"));
-        const QRect screen = form.screen()->geometry(); // centred on the screen
-        QCOMPARE(form.pos(), QPoint(screen.x() + (screen.width() - form.frameGeometry().width()) / 2,
-                                    screen.y() + (screen.height() - form.frameGeometry().height()) / 2));
+        const QRect screen = form.screen()->availableGeometry(), at = form.frameGeometry();
+        QVERIFY2((at.center() - screen.center()).manhattanLength() <= 2, qPrintable(QDebug::toString(at)));
     }
 
     void closeStoresWhatTheBoxHoldsAndCancelNothing()

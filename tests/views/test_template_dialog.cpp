@@ -37,9 +37,11 @@ private slots:
         dialog = frmChangeDefaultTemplate::Open(session, &owner);
         QCOMPARE(dialog->windowTitle() + '|' + View()->headerItem()->text(1) + '|' + View()->topLevelItem(6)->text(0),
                  QStringLiteral("Change Default Template|Default Genes in Template|Poses"));
-        // Modeless, Save off until a change, all fourteen categories; a second open shows the same one.
+        // Modeless, Save off until a change, all fourteen categories; a second open shows the same
+        // one again, though it was hidden.
+        dialog->hide();
         QVERIFY(!dialog->isModal() && !Button("DSaveCommand")->isEnabled() && View()->topLevelItemCount() == 14
-                && frmChangeDefaultTemplate::Open(session, &owner) == dialog);
+                && frmChangeDefaultTemplate::Open(session, &owner) == dialog && dialog->isVisible());
         prompt.AnswerMessage(Prompt::Ok);
         QTest::mouseClick(Button("DChangeCommand"), Qt::LeftButton);
         QCOMPARE(prompt.Last().text + QString::number(prompt.Last().style), QStringLiteral("Nothing Selected48"));
