@@ -63,10 +63,6 @@ int QtPrompt::Message(const QString &title, const QString &text, int style)
     FocusKeeper keeper(owner);
     QMessageBox box(owner);
     box.setWindowTitle(title);
-    // A message box sizes itself to its text: a spacer keeps it as wide as its title.
-    if (auto *grid = qobject_cast<QGridLayout *>(box.layout()))
-        grid->addItem(new QSpacerItem(TitleWidth(&box, title), 0, QSizePolicy::Minimum, QSizePolicy::Fixed),
-                      grid->rowCount(), 0, 1, grid->columnCount());
     // Line breaks arrive as CR LF (or LF CR); show each pair as one break.
     QString shown = text;
     shown.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(QLatin1String("\n\r"), QLatin1String("\n"));
@@ -91,6 +87,11 @@ int QtPrompt::Message(const QString &title, const QString &text, int style)
         box.setStandardButtons(QMessageBox::Ok);
         break;
     }
+    // A message box sizes itself to its text: a spacer keeps it as wide as its title. It goes in
+    // last, since setting the text or the icon lays the box out anew.
+    if (auto *grid = qobject_cast<QGridLayout *>(box.layout()))
+        grid->addItem(new QSpacerItem(TitleWidth(&box, title), 0, QSizePolicy::Minimum, QSizePolicy::Fixed),
+                      grid->rowCount(), 0, 1, grid->columnCount());
     switch (box.exec()) {
     case QMessageBox::Yes: return Yes;
     case QMessageBox::No: return No;

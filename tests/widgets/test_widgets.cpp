@@ -18,6 +18,15 @@ template <typename Box, typename F> void WhenShown(F act)
     });
 }
 
+
+// Whether a box has room for its title in bold beside the buttons of the title bar.
+bool WideEnough(QWidget *box)
+{
+    QFont bold = box->font();
+    bold.setBold(true);
+    const QFontMetrics fm(bold);
+    return box->width() >= fm.horizontalAdvance(box->windowTitle()) + 3 * fm.height();
+}
 } // namespace
 
 class TestWidgets : public QObject
@@ -89,12 +98,13 @@ private slots:
             shown = {int(box->icon()), int(box->standardButtons())};
             if (box->defaultButton())
                 seen += "|default " + box->defaultButton()->text();
+            seen += WideEnough(box) ? "|wide enough" : "|narrower than its title";
             QTest::keyClick(box, Qt::Key(row[1]));
         });
         QtPrompt prompt;
         shown << prompt.Message(QStringLiteral("Now we're pickled"), QStringLiteral("one\r\ntwo\n\rthree"), row[0]);
         const QString yes = row[3] & QMessageBox::Yes ? "|default &Yes" : "";
-        QCOMPARE(seen, "Now we're pickled|one\ntwo\nthree" + yes);
+        QCOMPARE(seen, "Now we're pickled|one\ntwo\nthree" + yes + "|wide enough");
         QCOMPARE(shown, row.mid(2));
     }
 
@@ -116,10 +126,7 @@ private slots:
         for (bool ok : {true, false}) {
             QString shown;
             WhenShown<QInputDialog>([&, ok](QInputDialog *box) {
-                QFont bold = box->font();
-                bold.setBold(true);
-                const QFontMetrics fm(bold);
-                const bool wide = box->width() >= fm.horizontalAdvance(box->windowTitle()) + 3 * fm.height();
+                const bool wide = WideEnough(box);
                 shown = box->windowTitle() + "|" + box->labelText() + "|" + box->textValue()
                     + (box->parentWidget() == &dialog ? "|over the dialog" : "") + (wide ? "|wide enough" : "");
                 box->setTextValue(QStringLiteral("Starch"));
