@@ -63,7 +63,9 @@ private slots:
         for (int i = 0; i < 9; ++i)
             lobes << AddLobe(), kit.Add(2, 3); // other kinds between do not count
         const std::pair<int, const char *> ranks[] = {
-            {0, "Perceptible i/ps (ENOUGH NEUS FOR ALL PERCEPTIBLE LOBES)"}, {8, "Interneurone lobe."}};
+            {0, "Perceptible i/ps (ENOUGH NEUS FOR ALL PERCEPTIBLE LOBES)"},
+            {7, "Attention/Seek o/ps (40)"},
+            {8, "Interneurone lobe."}};
         for (auto [rank, info] : ranks) {
             auto *e = kit.Open<frmBrainLobe>(lobes[rank]);
             QCOMPARE(e->txtLobeNumber->text() + '|' + e->lblInfo->text(), QStringLiteral("Lobe #%1|").arg(rank) + info);
