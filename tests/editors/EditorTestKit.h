@@ -1,8 +1,10 @@
 // What the editor tests share: a fresh session per case with the editors registered on a
-// main window, a prompt that fails on anything unexpected, lookups of controls by name and
-// a driver for the modal dialogs an editor opens.
+// main window, a prompt that fails on anything unexpected, lookups of controls by name, a
+// driver for the modal dialogs an editor opens, controls set by name as a user sets them,
+// and a test of a kind's controls over the bytes of its body.
 #pragma once
 #include "core/Gene.h"
+#include "core/GenomeImage.h"
 #include "core/Session.h"
 #include "editors/EditorRegistry.h"
 #include "editors/GeneEditor.h"
@@ -78,6 +80,91 @@ struct EditorTestKit
             session->CaptionStore.SetCaption(type, subType, g->ID, caption);
         return g;
     }
+    // Sets controls of a dialog as a user would, in order, each entry "name=value", or just "name" to
+    // read it: a combo's item, a slider's value, a box's text, a check box or option 1 or 0. Tells for
+    // each "name:before>after", what the control showed and shows once set (a combo its item's text,
+    // see ComboShown), and the read-out the change left on the status bar, if any.
+    QString Enter(QWidget *dialog, const QStringList &entries)
+    {
+        auto shows = [](QWidget *w) {
+            if (auto *c = qobject_cast<QComboBox *>(w))
+                return ComboShown(c);
+            if (auto *s = qobject_cast<QAbstractSlider *>(w))
+                return QString::number(s->value());
+            auto *t = qobject_cast<QLineEdit *>(w);
+            return t ? t->text() : QString::number(w->property("checked").toInt());
+        };
+        QStringList told;
+        for (const QString &entry : entries) {
+            QWidget *w = Child<QWidget>(dialog, entry.section('=', 0, 0));
+            if (!w)
+                return "no control " + entry;
+            QString line = entry.section('=', 0, 0) + ':' + shows(w);
+            if (entry.contains('=')) {
+                session->SetStatusPanel(2, QString());
+                w->setProperty(w->inherits("QComboBox")         ? "currentIndex"
+                               : w->inherits("QAbstractSlider") ? "value"
+                               : w->inherits("QLineEdit")       ? "text"
+                                                                : "checked",
+                               entry.section('=', 1));
+                line += '>' + shows(w) + (session->StatusPanel[2].isEmpty() ? QString() : ' ' + session->StatusPanel[2]);
+            }
+            told << line;
+        }
+        return told.join(QStringLiteral(" | "));
+    }
+
+    // A gene's body read from bytes in hex as a load reads it (folded into range), and the body an
+    // encode would write, in hex.
+    static void SetBody(Gene *g, const QString &hex)
+    {
+        auto image = std::make_unique<GenomeImage>();
+        g->WriteRecord(*image); // its header, read back as it stands
+        const QByteArray body = QByteArray::fromHex(hex.toLatin1());
+        std::copy(body.begin(), body.end(), image->Bytes.begin() + image->WriteCursor - g->BodyLength());
+        image->ReadCursor = 4 + 2; // behind the token and the kind
+        g->ReadRecord(*image);
+    }
+    static QString Body(Gene *g)
+    {
+        auto image = std::make_unique<GenomeImage>();
+        g->WriteRecord(*image);
+        const auto *end = reinterpret_cast<const char *>(image->Bytes.data()) + image->WriteCursor;
+        return QString::fromLatin1(QByteArray(end - g->BodyLength(), g->BodyLength()).toHex(' '));
+    }
+
+    // A test of one kind's controls, a row each: the kind, its body as loaded (hex); the user's entries
+    // (see Enter); what they tell after the body opening stores, if it stores any, and the read-out a
+    // slider filled on opening leaves; the body Close stores.
+    static void ControlColumns()
+    {
+        QTest::addColumn<int>("type");
+        QTest::addColumn<int>("subType");
+        QTest::addColumn<QString>("body");
+        QTest::addColumn<QStringList>("entries");
+        QTest::addColumn<QString>("told");
+        QTest::addColumn<QString>("stored");
+    }
+    void CheckControls()
+    {
+        QFETCH(int, type);
+        QFETCH(int, subType);
+        QFETCH(QString, body);
+        QFETCH(QStringList, entries);
+        Gene *g = Add(type, subType);
+        SetBody(g, body);
+        const QString loaded = Body(g);
+        GeneEditor *e = Open(g);
+        QStringList told;
+        if (Body(g) != loaded)
+            told << "opening stores " + Body(g);
+        if (session->StatusPanel[2].startsWith(QLatin1String("Slider")))
+            told << session->StatusPanel[2];
+        QTEST((told << Enter(e, entries)).join(QStringLiteral(" | ")), "told");
+        e->btnOk->click();
+        QTEST(Body(g), "stored");
+    }
+
     template <typename E = GeneEditor> static E *Open(Gene *g)
     {
         g->OpenView();

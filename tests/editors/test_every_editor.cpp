@@ -1,8 +1,9 @@
 // What every gene editor must do, whatever its kind, run over all sixteen kinds: it carries
-// its dialog name and F1 topic; Close without touching anything gives the gene's bytes back
-// (save for the foldings the kind names); Cancel changes nothing however much was touched;
-// the gene's row is refreshed once; and an encode takes what an open editor shows, exactly
-// what Close would then store.
+// its dialog name and F1 topic; Tab crosses the header row by row and reaches the buttons
+// last; Close (or the close box) without touching anything gives the gene's bytes back (save
+// for the foldings the kind names); Cancel (or Escape) changes nothing however much was
+// touched; the gene's row is refreshed once; and an encode takes what an open editor shows,
+// exactly what Close would then store.
 #include "EditorTestKit.h"
 #include "support/KindBodies.h"
 
@@ -14,7 +15,6 @@ namespace {
 
 // Where a gene's body starts in an image of one gene: "dna2", "gene", seven header bytes.
 constexpr int BodyStart = 4 + 4 + 7;
-constexpr int HeaderStart = 4 + 4;
 
 // Body bytes that an editor may change although nobody touched it, by the kind's own rules.
 struct Foldings
@@ -28,16 +28,15 @@ struct Foldings
 QList<int> Unexpected(const QByteArray &a, const QByteArray &b, const QList<int> &allowed)
 {
     QList<int> at;
-    auto byteAt = [](const QByteArray &x, int i) { return i < x.size() ? int(quint8(x[i])) : -1; };
     for (int i = 0; i < qMax(a.size(), b.size()); ++i)
-        if (byteAt(a, i) != byteAt(b, i) && !allowed.contains(i - BodyStart))
+        if (a.mid(i, 1) != b.mid(i, 1) && !allowed.contains(i - BodyStart))
             at << i - BodyStart;
     return at;
 }
 
 // What a user could do to every control of a dialog without pressing a button: each enabled
-// combo moves to its next item, each slider to another value, each check box toggles, each
-// unselected option is chosen, each text box gets a new text.
+// combo moves to its next item, each slider to another value, each check box toggles, the
+// first unselected option is chosen, each text box gets a new text.
 void TouchEverything(QWidget *dialog)
 {
     for (QComboBox *c : dialog->findChildren<QComboBox *>())
@@ -57,15 +56,10 @@ void TouchEverything(QWidget *dialog)
     // A number box gets another number; a text box its own letters turned by one, so that a
     // text of a fixed length (a moniker) stays valid.
     for (QLineEdit *t : dialog->findChildren<QLineEdit *>()) {
-        if (!t->isEnabled() || t->isReadOnly())
-            continue;
         const QString text = t->text();
-        bool number = false;
-        text.toInt(&number);
-        if (number || text.isEmpty())
-            t->setText(text == QLatin1String("7") ? QStringLiteral("9") : QStringLiteral("7"));
-        else
-            t->setText(text.mid(1) + text.left(1));
+        const bool number = QRegularExpression(QStringLiteral("^\\d*$")).match(text).hasMatch();
+        if (t->isEnabled() && !t->isReadOnly())
+            t->setText(!number ? text.mid(1) + text.left(1) : text == QLatin1String("7") ? "9" : "7");
     }
 }
 
@@ -79,27 +73,24 @@ class TestEveryEditor : public QObject
     EditorTestKit kit;
     Session *s() { return kit.session.get(); }
 
-    // The genome of the row's one gene, decoded; the gene and its encoded image.
-    Gene *Load()
-    {
-        QFETCH(int, type);
-        QFETCH(int, subType);
-        QFETCH(QByteArray, body);
-        if (!DecodeBytes(*s(), File(Header(type, subType) + body)))
-            return nullptr;
-        return s()->GeneAt(0);
-    }
     QByteArray Encoded()
     {
         s()->EncodeGenome();
         return ImageBytes(*s(), s()->GenomeImage.WriteCursor);
     }
-    // The row's gene loaded afresh, its editor open and every control touched.
-    GeneEditor *OpenTouched()
+    // The genome of the row's one gene, decoded afresh; its editor opened, every control
+    // touched if asked.
+    Gene *Load()
     {
-        Gene *g = Load();
-        GeneEditor *e = g ? kit.Open(g) : nullptr;
-        if (e)
+        QFETCH(int, type);
+        QFETCH(int, subType);
+        QFETCH(QByteArray, body);
+        return DecodeBytes(*s(), File(Header(type, subType) + body)) ? s()->GeneAt(0) : nullptr;
+    }
+    GeneEditor *Open(bool touched)
+    {
+        GeneEditor *e = Load() ? kit.Open(s()->GeneAt(0)) : nullptr;
+        if (e && touched)
             TouchEverything(e);
         return e;
     }
@@ -117,6 +108,7 @@ private slots:
         QTest::addColumn<int>("type");
         QTest::addColumn<int>("subType");
         QTest::addColumn<QByteArray>("body");
+        QTest::addColumn<bool>("fresh");
         QTest::addColumn<QString>("dialog");
         QTest::addColumn<int>("help");
         QTest::addColumn<Foldings>("foldings");
@@ -146,21 +138,21 @@ private slots:
         for (const Kind &k : Kinds())
             for (bool fresh : {false, true})
                 QTest::addRow("%s %s", k.name, fresh ? "fresh" : "values")
-                    << k.type << k.subType << (fresh ? k.defaults : k.body) << "frm" + QString(k.name).mid(3)
+                    << k.type << k.subType << (fresh ? k.defaults : k.body) << fresh << "frm" + QString(k.name).mid(3)
                     << topics.value(QLatin1String(k.name), 2000) << foldings.value(QLatin1String(k.name));
     }
 
+    // A fresh row leaves by the close box and Escape, the other by the buttons.
     void everyKind()
     {
+        QFETCH(bool, fresh);
         QFETCH(QString, dialog);
         QFETCH(int, help);
         QFETCH(Foldings, foldings);
-        Gene *g = Load();
-        QVERIFY(g);
-        const QByteArray loaded = Encoded();
+        const QByteArray loaded = Load() ? Encoded() : QByteArray();
 
         // Its own dialog, its own F1 topic.
-        GeneEditor *e = kit.Open(g);
+        GeneEditor *e = Open(false);
         QVERIFY(e);
         QCOMPARE(e->objectName(), dialog);
         // On the screen whatever the scale, frame and all; where the screen is too small the
@@ -171,34 +163,37 @@ private slots:
         QSignalSpy helps(e, &GeneEditor::HelpRequested);
         QTest::keyClick(e, Qt::Key_F1);
         QCOMPARE(helps, QList<QVariantList>({{help}}));
-        // Tab reaches the buttons last, in the order they stand: Notes, Close, Cancel.
-        QStringList lastThree;
-        for (QWidget *w = e->btnCancel; lastThree.size() < 3 && w != e; w = w->previousInFocusChain())
+        // Tab crosses the header row by row, as its controls stand, and reaches the buttons
+        // last, in the order they stand.
+        QStringList order;
+        for (QWidget *w = e->nextInFocusChain(); w && w != e; w = w->nextInFocusChain())
             if (w->focusPolicy() & Qt::TabFocus)
-                lastThree.prepend(w->objectName());
-        QCOMPARE(lastThree, QStringList({"btnNotes", "btnOk", "btnCancel"}));
-        for (QWidget *n = e->btnCancel->nextInFocusChain(); n && n != e; n = n->nextInFocusChain())
-            QVERIFY2(!(n->focusPolicy() & Qt::TabFocus), qPrintable(n->objectName() + " comes after Cancel"));
+                order << w->objectName();
+        QCOMPARE(order.mid(order.indexOf("lstSwitchOn"), 9).join(' '),
+                 QStringLiteral("lstSwitchOn chkMutable txtMutability chkDuplicable chkRemovable optSex_0 optSex_1 optSex_2 "
+                                "chkIgnore"));
+        QCOMPARE(order.mid(order.size() - 3).join(' '), QStringLiteral("btnNotes btnOk btnCancel"));
 
         // Close, untouched: the bytes come back but for the named foldings, the row once.
         QSignalSpy rows(s(), &Session::GeneRowChanged);
-        e->btnOk->click();
-        QCOMPARE(rows, QList<QVariantList>({{int(g->Numeric_ID)}}));
+        fresh ? (void)e->close() : e->btnOk->click();
+        QCOMPARE(rows, QList<QVariantList>({{0}}));
         QCOMPARE(Unexpected(loaded, Encoded(), foldings.onOpening + foldings.onClose), QList<int>());
 
         // Cancel after touching everything: only what opening folds reaches the gene.
-        e = OpenTouched();
+        e = Open(true);
         QVERIFY(e);
         rows.clear();
-        e->btnCancel->click();
+        fresh ? QTest::keyClick(e, Qt::Key_Escape) : e->btnCancel->click();
         QCOMPARE(rows.count(), 1);
         QCOMPARE(Unexpected(loaded, Encoded(), foldings.onOpening), QList<int>());
+        QVERIFY(s()->GeneAt(0)->WriteChanges && !s()->GeneAt(0)->IsOpen && !s()->GeneAt(0)->View);
 
         // An encode while open takes the touched controls; Close then stores the same bytes.
-        e = OpenTouched();
+        e = Open(true);
         QVERIFY(e);
         const QByteArray whileOpen = Encoded();
-        QVERIFY2(whileOpen.mid(HeaderStart) != loaded.mid(HeaderStart), "the encode took nothing of the editor");
+        QVERIFY2(whileOpen.mid(4 + 4) != loaded.mid(4 + 4), "the encode took nothing of the editor");
         QVERIFY(e->Owner->IsOpen);
         e->btnOk->click();
         QCOMPARE(Encoded(), whileOpen);

@@ -1,119 +1,102 @@
 // The genus, appearance, pose and gait editors: the genus gene's disabled header, its
-// moniker checks on Close and by Repair (none on Cancel), values the combos have no item for,
-// the pose lists as they stand and the gait's "<empty>", a short pose string, and gait combos
-// that keep their texts while open.
+// moniker checks on Close and by Repair, values the combos have no item for, the pose lists
+// as they stand and the gait's "<empty>", the pose string's length, and gait combos that keep
+// their texts while open.
 #include "EditorTestKit.h"
-#include "editors/frmAppearance.h"
+#include "editors/GeneHeaderPanel.h"
 #include "editors/frmGait.h"
-#include "editors/frmPose.h"
 #include "editors/frmSpecies.h"
-
-// The button that ends the editing, the monikers typed (mother|father), the messages and what is stored.
-struct MonikerRow { QString button, typed; QStringList messages; QString stored; };
-Q_DECLARE_METATYPE(MonikerRow)
 
 class TestSpeciesPoseGait : public QObject
 {
     Q_OBJECT
     EditorTestKit kit;
 
-    // The message of a bad moniker: the parent, what is wrong with it, and its replacement.
-    static QString Fixed(const QString &who, const QString &fault)
-    {
-        return who + "'s moniker " + fault + ".\r\nIt has been corrected to: " + (who == "Father" ? "ADAM" : "EVE_");
-    }
-
 private slots:
     void init() { kit.Init(); }
     void cleanup() { kit.Cleanup(); }
 
-    // The header shows the gene's header without taking input; Close still writes back what
-    // it shows, so the second sex bit goes as everywhere.
+    // The header shows the gene's header without taking input.
     void speciesHeaderShownButDisabled()
     {
-        auto *g = static_cast<clsSpecies *>(kit.Add(2, 1));
-        g->SwitchOn = 3, g->Mutability = 1 | 8 | 16 | 32, g->MutabilityWeighting = 77;
-        auto *e = kit.Open<frmSpecies>(g);
-        for (const char *name : {"lstSwitchOn", "chkDuplicable", "chkMutable", "txtMutability", "chkRemovable",
-                                 "optSex_0", "optSex_1", "optSex_2", "chkIgnore"})
-            QVERIFY2(!Child<QWidget>(e, QLatin1String(name))->isEnabled(), name);
-        e->btnOk->click();
-        QCOMPARE(QList<int>({g->SwitchOn, g->Mutability, g->MutabilityWeighting}), QList<int>({3, 1 | 8 | 32, 77}));
+        GeneEditor *e = kit.Open(kit.Add(2, 1));
+        for (QWidget *w : e->Header->findChildren<QWidget *>())
+            QVERIFY2(w->focusPolicy() == Qt::NoFocus || !w->isEnabled(), qPrintable(w->objectName()));
     }
 
-    // Close checks both monikers, the father first, and stores the replacement of a bad one;
+    // Close checks both monikers, the father's first, and stores the replacement of a bad one;
     // Repair shows in the boxes at once what Close would store, with the same messages, so
-    // that Close has nothing left to say; Cancel checks nothing and stores nothing.
+    // that Close has nothing left to say.
     void monikers_data()
     {
-        QTest::addColumn<MonikerRow>("row");
-        const QString length = "is incorrect length. Should be 4\r\nbut is actually %1 characters";
-        QTest::newRow("emptied") << MonikerRow{"Close", "|DADS", {Fixed("Mother", length.arg(0))}, "EVE_|DADS"};
-        QTest::newRow("father first, bad characters") << MonikerRow{"Close", QString::fromLatin1("A\tB\x7f|D\xe9\xe9X"),
-            {Fixed("Father", "has 2 bad character(s)"), Fixed("Mother", "has 2 bad character(s)")}, "EVE_|ADAM"};
-        QTest::newRow("any four printable pass") << MonikerRow{"Close", " ~{ |a1_?", {}, " ~{ |a1_?"};
-        QTest::newRow("repair, father first") << MonikerRow{"Repair", "\x01XYZ|AB",
-            {Fixed("Father", length.arg(2)), Fixed("Mother", "has 1 bad character(s)")}, "EVE_|ADAM"};
-        QTest::newRow("cancel") << MonikerRow{"Cancel", "|X", {}, "MUMS|DADS"};
+        QTest::addColumn<bool>("repair");
+        QTest::addColumn<QString>("typed"); // mother|father
+        QTest::addColumn<QStringList>("messages");
+        auto fixed = [](const QString &who, const QString &fault) {
+            return who + "'s moniker " + fault + ".\r\nIt has been corrected to: " + (who == "Father" ? "ADAM" : "EVE_");
+        };
+        QTest::newRow("close, father first, bad characters")
+            << false << QString::fromLatin1("A\tB\x7f|D\xe9\xe9X")
+            << QStringList{fixed("Father", "has 2 bad character(s)"), fixed("Mother", "has 2 bad character(s)")};
+        QTest::newRow("repair, father first")
+            << true << "\x01XYZ|AB"
+            << QStringList{fixed("Father", "is incorrect length. Should be 4\r\nbut is actually 2 characters"),
+                           fixed("Mother", "has 1 bad character(s)")};
     }
     void monikers()
     {
-        QFETCH(MonikerRow, row);
-        auto *g = static_cast<clsSpecies *>(kit.Add(2, 1));
-        g->Mum = QStringLiteral("MUMS"), g->Dad = QStringLiteral("DADS");
+        QFETCH(bool, repair);
+        QFETCH(QString, typed);
+        QFETCH(QStringList, messages);
+        Gene *g = kit.Add(2, 1);
+        kit.SetBody(g, "00 4d 55 4d 53 44 41 44 53"); // MUMS, DADS
         auto *e = kit.Open<frmSpecies>(g);
-        e->txtFamily[0]->setText(row.typed.section('|', 0, 0));
-        e->txtFamily[1]->setText(row.typed.section('|', 1));
-        for (int i = 0; i < row.messages.size(); ++i)
-            kit.prompt.AnswerMessage(Prompt::Ok);
-        if (row.button == "Repair") {
+        e->txtFamily[0]->setText(typed.section('|', 0, 0));
+        e->txtFamily[1]->setText(typed.section('|', 1));
+        kit.prompt.AnswerMessage(Prompt::Ok).AnswerMessage(Prompt::Ok);
+        if (repair) {
             e->RepairCommand->click();
-            QCOMPARE(e->txtFamily[0]->text() + "|" + e->txtFamily[1]->text(), row.stored);
-            QCOMPARE(g->Mum + g->Dad, QStringLiteral("MUMSDADS"));
+            QCOMPARE(e->txtFamily[0]->text() + e->txtFamily[1]->text() + ' ' + kit.Body(g),
+                     "EVE_ADAM 00 4d 55 4d 53 44 41 44 53");
         }
-        (row.button == "Cancel" ? e->btnCancel : e->btnOk)->click();
-        QCOMPARE(kit.prompt.MessageTexts(), row.messages);
-        QCOMPARE(g->Mum + "|" + g->Dad, row.stored);
-    }
-
-    // What each combo shows for a stored value, and what Close without a touch leaves: a value
-    // the list has no item for (Region 5 comes from a load; the others only from memory)
-    // selects nothing, shows its number in grey and stays.
-    void appearanceShowsAndKeeps_data()
-    {
-        QTest::addColumn<QList<int>>("values"); // Region, Variety, Genus
-        QTest::addColumn<QStringList>("shown");
-        QTest::newRow("last items") << QList<int>{4, 25, 3} << QStringList{"Tail + create", "Z-", "Quorrel"};
-        QTest::newRow("region 5") << QList<int>{5, 12, 1} << QStringList{"(5)", "M-", "Brannoch"};
-        QTest::newRow("beyond every list") << QList<int>{255, 26, 4} << QStringList{"(255)", "(26)", "(4)"};
-    }
-    void appearanceShowsAndKeeps()
-    {
-        QFETCH(QList<int>, values);
-        auto *g = static_cast<clsAppearance *>(kit.Add(2, 2));
-        g->Region = quint8(values[0]), g->Variety = quint8(values[1]), g->Genus = quint8(values[2]);
-        auto *e = kit.Open<frmAppearance>(g);
-        QTEST(QStringList({ComboShown(e->lstRegion), ComboShown(e->lstVariety), ComboShown(e->lstGenus)}), "shown");
         e->btnOk->click();
-        QCOMPARE(QList<int>({g->Region, g->Variety, g->Genus}), values);
+        QCOMPARE(kit.prompt.MessageTexts(), messages);
+        QCOMPARE(kit.Body(g), "00 45 56 45 5f 41 44 41 4d");
     }
 
-    // The pose editor lists the poses as they stand, pose 0's name and empty names included;
-    // its string box takes 15 characters, and a shorter string is stored as typed (the gene
-    // fills it up only when it is encoded).
-    void poseListAndShortString()
+    // What each combo shows for a stored value, and what Close leaves: a value the list has
+    // no item for (Region 5 comes from a load) selects nothing, shows its number in grey and
+    // stays; so does a pick beyond a list's last item, which the list has no more of. A pose
+    // string takes 15 characters.
+    void controls_data()
+    {
+        EditorTestKit::ControlColumns();
+        QTest::newRow("last items, and beyond")
+            << 2 << 2 << "04 19 03" << QStringList{"lstRegion=5", "lstVariety=26", "lstGenus=4"}
+            << "lstRegion:Tail + create>() | lstVariety:Z->() | lstGenus:Quorrel>()" << "04 19 03";
+        QTest::newRow("region 5") << 2 << 2 << "05 0c 01" << QStringList{"lstRegion", "lstVariety", "lstGenus"}
+                                  << "lstRegion:(5) | lstVariety:M- | lstGenus:Brannoch" << "05 0c 01";
+        const QString poseBody = "07 41 42 43 44 45 46 47 48 49 4a 4b 4c 4d 4e 4f"; // pose 7, "ABCDEFGHIJKLMNO"
+        QTest::newRow("pose string") << 2 << 3 << poseBody << QStringList{"txtPose=ABCDEFGHIJKLMNOPQ"}
+                                     << "txtPose:ABCDEFGHIJKLMNO>ABCDEFGHIJKLMNO" << poseBody;
+    }
+    void controls() { kit.CheckControls(); }
+
+    // The pose editor lists the poses as they stand, pose 0's name and empty names included; a
+    // shorter string is filled up when the gene is encoded.
+    void poseList()
     {
         auto &names = kit.session->Lists.PoseNames;
         names[0] = QStringLiteral("Stand"), names[7] = QString(), names[255] = QStringLiteral("Last");
-        auto *g = static_cast<clsPose *>(kit.Add(2, 3));
-        g->pose = 7;
-        auto *e = kit.Open<frmPose>(g);
-        QComboBox *c = e->lstPose;
-        QCOMPARE(c->currentText() + "|" + c->itemText(0) + "|" + c->itemText(255), QStringLiteral("|Stand|Last"));
-        QCOMPARE(QList<int>({c->count(), c->currentIndex(), e->txtPose->maxLength()}), QList<int>({256, 7, 15}));
-        e->txtPose->setText(QStringLiteral("AB DE"));
+        Gene *g = kit.Add(2, 3);
+        kit.SetBody(g, "07");
+        GeneEditor *e = kit.Open(g);
+        auto *c = Child<QComboBox>(e, "lstPose");
+        QCOMPARE(QStringList({c->itemText(0), c->itemText(255), QString::number(c->count())}),
+                 QStringList({"Stand", "Last", "256"}));
+        QCOMPARE(kit.Enter(e, {"lstPose", "txtPose=AB DE"}), "lstPose: | txtPose:XXXXXXXXXXXXXXX>AB DE");
         e->btnOk->click();
-        QCOMPARE(g->PoseString, QStringLiteral("AB DE"));
+        QCOMPARE(kit.Body(g), "07 41 42 20 44 45 58 58 58 58 58 58 58 58 58 58");
     }
 
     // A gait's pose 0 is "<empty>" in every one of its combos, never the name of pose 0; the
@@ -124,9 +107,8 @@ private slots:
         kit.session->Lists.SetPoseDefaults(); // each name its number
         auto &names = kit.session->Lists.PoseNames;
         names[0] = QStringLiteral("Stand"), names[1] = QStringLiteral("Walk"), names[3] = QString();
-        auto *g = static_cast<clsGait *>(kit.Add(2, 4));
-        const quint8 anim[8] = {1, 3, 0, 0, 255, 0, 2, 1};
-        g->Drive = 15, std::copy(anim, anim + 8, g->Anim);
+        Gene *g = kit.Add(2, 4);
+        kit.SetBody(g, "0f 01 03 00 00 ff 00 02 01");
         auto *e = kit.Open<frmGait>(g);
         names[2] = QStringLiteral("Renamed");
         e->lstPose[6]->showPopup();

@@ -1,17 +1,14 @@
 // The stimulus and instinct editors through their controls: the sensory neurone with 255 for
-// none, stimuli that have no name, the feature bits, each field in its own control, the eight
+// none, stimuli that have no name, the feature bits, each byte in its own control, the eight
 // neurone lists of an instinct, how a stored neurone beyond its list is folded, and the rows'
 // independence.
 #include "EditorTestKit.h"
-#include "editors/EditorCommon.h"
+#include "core/genes/BodyGenes.h"
 #include "editors/frmInstinct.h"
-#include "editors/frmStimulus.h"
 
 namespace {
-struct ComboRow { QString combo; int value; QString shown; int pick, stored; };
 struct LobeRow { int lobe, count, probe; QString entries; };
 } // namespace
-Q_DECLARE_METATYPE(ComboRow)
 Q_DECLARE_METATYPE(LobeRow)
 
 class TestStimulusInstinct : public QObject
@@ -19,62 +16,51 @@ class TestStimulusInstinct : public QObject
     Q_OBJECT
     EditorTestKit kit;
 
-
 private slots:
     void init() { kit.Init(); }
     void cleanup() { kit.Cleanup(); }
 
-    // A stimulus or its neurone as stored, what its combo shows, the item the user picks (-1
-    // for none) and what Close stores. The neurone "<none>" is 255, neurone n is item n + 1; a
-    // value without an item shows its number and is kept until the user picks an item.
-    void combosOverBytes_data()
+    // The neurone "<none>" is 255, neurone n is item n + 1; a stimulus or neurone without an
+    // item shows its number and is kept until the user picks an item. Each slider, chemical and
+    // amount shows and stores its own byte; the three boxes are the feature bits 1, 2, 4, and
+    // the other bits are lost on Close. A new lobe in one row of an instinct rebuilds that
+    // row's neurones from the first entry; the other rows keep their lobes and neurones.
+    void controls_data()
     {
-        QTest::addColumn<ComboRow>("row");
-        QTest::newRow("neurone 255 is none") << ComboRow{"lstNeu", 255, "<none>", -1, 255};
-        QTest::newRow("neurone 0 the first") << ComboRow{"lstNeu", 0, "I've been patted", -1, 0};
-        QTest::newRow("neurone 31 the last") << ComboRow{"lstNeu", 31, "Hitting the ground post fall", -1, 31};
-        QTest::newRow("neurone 32 no item") << ComboRow{"lstNeu", 32, "(32 (no name))", -1, 32};
-        QTest::newRow("<none> picked") << ComboRow{"lstNeu", 1, "I've been slapped", 0, 255};
-        QTest::newRow("last neurone picked") << ComboRow{"lstNeu", 255, "<none>", 32, 31};
-        QTest::newRow("stimulus 45 the last") << ComboRow{"lstStim", 45, "I've mated", -1, 45};
-        QTest::newRow("stimulus 46 no item") << ComboRow{"lstStim", 46, "(46 (no name))", -1, 46};
-        QTest::newRow("stimulus picked over 200") << ComboRow{"lstStim", 200, "(200 (no name))", 3, 3};
+        EditorTestKit::ControlColumns();
+        // A stimulus gene by its stimulus and neurone, stored and after Close; its last amount
+        // leaves its read-out on opening.
+        auto stimulus = [](const char *name, QStringList bytes, QStringList entries, const char *told) {
+            const QString body = "%1 00 %2 00 00 00 00 00 00 00 00 00 01";
+            QTest::newRow(name) << 2 << 0 << body.arg(bytes[0], bytes[1]) << entries << QString("Slider: 1 | ") + told
+                                << body.arg(bytes[2], bytes[3]);
+        };
+        stimulus("stimulus 45 the last, neurone 255 none", {"2d", "ff", "2d", "ff"}, {"lstStim", "lstNeu"},
+                 "lstStim:I've mated | lstNeu:<none>");
+        stimulus("stimulus 46 no item, neurone 32 no item", {"2e", "20", "2e", "20"}, {"lstStim", "lstNeu"},
+                 "lstStim:(46 (no name)) | lstNeu:(32 (no name))");
+        stimulus("stimulus 200 picked, <none> picked", {"c8", "01", "03", "ff"}, {"lstStim=3", "lstNeu=0"},
+                 "lstStim:(200 (no name))>Pointer slaps me | lstNeu:I've been slapped><none>");
+        stimulus("neurone 0 the first", {"00", "00", "00", "00"}, {"lstNeu"}, "lstNeu:I've been patted");
+        stimulus("neurone 31 the last", {"00", "1f", "00", "1f"}, {"lstNeu"}, "lstNeu:Hitting the ground post fall");
+        stimulus("last neurone picked", {"00", "ff", "00", "1f"}, {"lstNeu=32"}, "lstNeu:<none>>Hitting the ground post fall");
+        QTest::newRow("stimulus fields") << 2 << 0 << "2d c9 10 21 fa 0a 64 0b 65 0c 66 0d 67"
+            << QStringList{"scrSignificance", "scrIntensity", "lstChem_0", "scrAmount_0", "lstChem_1", "scrAmount_1",
+                           "lstChem_2", "scrAmount_2", "lstChem_3", "scrAmount_3=1", "chkFeatures_0=1", "chkFeatures_1",
+                           "chkFeatures_2"}
+            << "Slider: 103 | scrSignificance:201 | scrIntensity:33 | lstChem_0:10 | scrAmount_0:100 | lstChem_1:11 | "
+               "scrAmount_1:101 | lstChem_2:12 | scrAmount_2:102 | lstChem_3:13 | scrAmount_3:103>1 Slider: 1 | "
+               "chkFeatures_0:0>1 | chkFeatures_1:1 | chkFeatures_2:0"
+            << "2d c9 10 21 03 0a 64 0b 65 0c 66 0d 01";
+        QTest::newRow("instinct rows and reward") << 2 << 5 << "02 05 03 06 04 07 0f cc 4d"
+            << QStringList{"lstReinforcer", "scrReinforcement", "lstLobe_1=7", "lstNeu_0", "lstNeu_1", "lstNeu_2",
+                           "lstMotor", "lstNeu_1=30", "scrReinforcement=255"}
+            << "Slider: 77 | lstReinforcer:204 | scrReinforcement:77 | lstLobe_1:Verb i/ps>Attention/Seek o/ps | "
+               "lstNeu_0:<ID 5> | lstNeu_1: IT is <ID 0> | lstNeu_2:Noun: <ID 7> | lstMotor:<unallocated2> | "
+               "lstNeu_1: IT is <ID 0>> IT is <ID 30> | scrReinforcement:77>255 Slider: 255"
+            << "02 05 07 1e 04 07 0f cc ff";
     }
-    void combosOverBytes()
-    {
-        QFETCH(ComboRow, row);
-        auto *g = static_cast<clsStimulus *>(kit.Add(2, 0));
-        quint8 &field = row.combo == "lstStim" ? g->stimulus : g->Neu;
-        field = quint8(row.value);
-        GeneEditor *e = kit.Open(g);
-        QComboBox *c = Child<QComboBox>(e, row.combo);
-        QCOMPARE(ComboShown(c), row.shown);
-        if (row.pick >= 0)
-            c->setCurrentIndex(row.pick);
-        e->btnOk->click();
-        QCOMPARE(int(field), row.stored);
-    }
-
-    // Each slider, chemical and amount shows and stores its own field; a moved slider shows its
-    // value. The three boxes are the feature bits 1, 2, 4; the other bits are lost on Close.
-    void stimulusFields()
-    {
-        auto *g = static_cast<clsStimulus *>(kit.Add(2, 0));
-        g->Significance = 201, g->Intensity = 33, g->Features = 0xFA;
-        for (int i = 0; i < 4; ++i)
-            g->Chem[i] = quint8(10 + i), g->amount[i] = quint8(100 + i);
-        auto *e = kit.Open<frmStimulus>(g);
-        QList<int> shown = {e->scrSignificance->value(), e->scrIntensity->value()};
-        for (int i = 0; i < 4; ++i)
-            shown << e->lstChem[i]->currentIndex() << e->scrAmount[i]->value();
-        shown << e->chkFeatures[0]->isChecked() << e->chkFeatures[1]->isChecked() << e->chkFeatures[2]->isChecked();
-        QCOMPARE(shown, QList<int>({201, 33, 10, 100, 11, 101, 12, 102, 13, 103, 0, 1, 0}));
-        e->scrAmount[3]->setValue(1);
-        QCOMPARE(kit.session->StatusPanel[2], QStringLiteral("Slider: 1"));
-        e->chkFeatures[0]->click();
-        e->btnOk->click();
-        QCOMPARE(QList<int>({g->Features, g->amount[3]}), QList<int>({3, 1}));
-    }
+    void controls() { kit.CheckControls(); }
 
     // Each lobe's neurone list: its size and the lobe's name with the first, probed and last
     // entries. Row 0 stores the probe, row 1 the list's size and row 2 one more: both beyond
@@ -111,28 +97,6 @@ private slots:
         e->btnOk->click();
         QCOMPARE(QList<int>({g->lobe[0], g->lobe[1], g->lobe[2]}), QList<int>(3, row.lobe % 8));
         QCOMPARE(QList<int>({g->Neu[0], g->Neu[1], g->Neu[2]}), QList<int>({row.probe, 0, 0}));
-    }
-
-    // A new lobe in one row rebuilds that row's neurones from the first entry; the other rows
-    // keep their lobes and neurones. The decision, the reward chemical and its amount show their
-    // own fields.
-    void instinctRowsAndReward()
-    {
-        auto *g = static_cast<clsInstinct *>(kit.Add(2, 5));
-        g->lobe[0] = 2, g->Neu[0] = 5, g->lobe[1] = 3, g->Neu[1] = 6, g->lobe[2] = 4, g->Neu[2] = 7;
-        g->Motor = 15, g->Reinforcer = 204, g->Reinforcement = 77;
-        auto *e = kit.Open<frmInstinct>(g);
-        QCOMPARE(QList<int>({e->lstReinforcer->currentIndex(), e->scrReinforcement->value()}), QList<int>({204, 77}));
-        e->lstLobe[1]->setCurrentIndex(7);
-        QCOMPARE(QStringList({ComboShown(e->lstNeu[0]), ComboShown(e->lstNeu[1]), ComboShown(e->lstNeu[2]),
-                              ComboShown(e->lstMotor)}),
-                 QStringList({"<ID 5>", " IT is <ID 0>", "Noun: <ID 7>", "<unallocated2>"}));
-        e->lstNeu[1]->setCurrentIndex(30);
-        e->scrReinforcement->setValue(255);
-        QCOMPARE(kit.session->StatusPanel[2], QStringLiteral("Slider: 255"));
-        e->btnOk->click();
-        QCOMPARE(QList<int>({g->lobe[0], g->Neu[0], g->lobe[1], g->Neu[1], g->lobe[2], g->Neu[2], g->Reinforcement}),
-                 QList<int>({2, 5, 7, 30, 4, 7, 255}));
     }
 };
 
