@@ -55,7 +55,7 @@ private slots:
             }
         }
 
-        QFile file(QFINDTESTDATA("tables.txt"));
+        QFile file(QStringLiteral(HELIX_TABLES_FILE));
         QVERIFY2(file.open(QIODevice::ReadOnly), "tables.txt is missing");
         const QStringList expected = QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
         for (int i = 0; i < qMax(lines.size(), expected.size()); ++i)
