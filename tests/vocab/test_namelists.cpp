@@ -160,7 +160,6 @@ private slots:
         QCOMPARE(prompt.Last().style, 16);
 
         QVERIFY(QDir(dir->path()).mkdir(QStringLiteral("Chemicals.txt")));
-        session->Lists.ChemicalsChanged = true;
         QVERIFY(!Lists().SaveChemicalList());
         QVERIFY(prompt.Last().text.startsWith(QStringLiteral("Error saving chemical names\n\rDescription: Error ID")));
     }
