@@ -1,28 +1,86 @@
-// The main window's lists driven through their widgets: the Gene Editor tab (sorting, delete,
-// pop-up menu, moves, the new gene dialog), the Biochemistry and Poses tabs (commands, messages,
-// count lines, pop-up menus, saving) and the comparison window opened from the menu.
+// The main window driven through its widgets. The summary tabs: the Organ View tree and its
+// status line, the edit command, the stale flags on entering a tab, the genotype lists and
+// labels. The tabs that make their widgets when first shown: what start-up makes, that a tab is
+// made only once, and that a tab first shown after some work shows what it would have shown had
+// it been made at start-up (compared row by row with a window whose tabs were all made first).
+// The lists: the Gene Editor tab (sorting, delete, pop-up menu, moves, the new gene dialog), the
+// Biochemistry and Poses tabs (commands, messages, count lines, pop-up menus, saving) and the
+// comparison window opened from the menu.
 #include "core/GeneCommands.h"
+#include "core/SummaryTestKit.h"
 #include "core/compare/OtherGenome.h"
+#include "core/genes/Biochemistry.h"
+#include "core/genes/BrainLobe.h"
 #include "editors/EditorTestKit.h"
 #include "support/KindBodies.h"
 #include "support/ShownText.h"
 #include "views/ChemicalTab.h"
 #include "views/GeneEditorTab.h"
 #include "views/GenomeCompareForm.h"
+#include "views/GenotypeTab.h"
 #include "views/HelixbenchForm.h"
 #include "views/ListText.h"
 #include "views/NewGeneForm.h"
+#include "views/OrganViewTab.h"
 #include "views/PoseTab.h"
 
+#include <functional>
+
 using namespace GenomeBytes;
+using SummaryTestKit::Add;
 
 namespace {
 QByteArray Species() { return Header(2, 1, 1) + Hex("00") + "EVE_ADAM"; }
 QByteArray Receptor(int id, int chem) { return Header(1, 0, id) + Hex("020000") + char(chem) + Hex("00000000"); }
 QByteArray Pose(int id, int pose) { return Header(2, 3, id) + char(pose) + "XXXXXXXXXXXXXXX"; }
-} // namespace
 
-class TestLists : public QObject
+// Two organs, the first with a receptor on chemical 3 and a reaction, then a lobe, the second
+// organ and a pose.
+void Organs(Session &s)
+{
+    Add(s, 3, 0, 1, QStringLiteral("Heart"));
+    Add<clsReceptor>(s, 1, 0, 1, QStringLiteral("feel")).Chem = 3;
+    Add(s, 1, 2, 1, QStringLiteral("burn"));
+    auto &lobe = Add<clsBrainLobe>(s, 0, 0, 1, QStringLiteral("Vision"));
+    std::tie(lobe.Width, lobe.Height, lobe.StateRule) = std::tuple(4, 5, std::array<quint8, 12>{9, 31, 16});
+    Add(s, 3, 0, 2, QStringLiteral("Lung"));
+    Add(s, 2, 3, 1, QStringLiteral("stand"));
+    s.RefreshViews();
+}
+
+// A window on a session of its own, its tabs made at start-up or left to make themselves.
+struct Bench
+{
+    ScriptedPrompt prompt;
+    Session session{prompt};
+    HelixbenchForm form{session};
+    Bench()
+    {
+        session.Tables.Build();
+        SummaryTestKit::SetTemplate(session);
+        for (int c = 1; c < 20; ++c)
+            session.Lists.ChemicalNames[size_t(c)] = QStringLiteral("chem %1").arg(c);
+    }
+};
+
+// Every row of every list of a tab, and its labels, as text.
+QStringList TabText(QWidget *tab)
+{
+    QStringList out;
+    for (const QTreeWidget *tree : tab->findChildren<QTreeWidget *>())
+        for (QTreeWidgetItemIterator it(const_cast<QTreeWidget *>(tree)); *it; ++it)
+            out << tree->objectName() + QLatin1Char('|') + RowText(*it);
+    for (const QLabel *label : tab->findChildren<QLabel *>())
+        out << label->objectName() + QLatin1Char('=') + label->text();
+    return out;
+}
+
+// Each step is done to the window made whole at start and to the one left to make its tabs.
+using Steps = std::function<void(Bench &)>;
+} // namespace
+Q_DECLARE_METATYPE(Steps)
+
+class TestMainWindow : public QObject
 {
     Q_OBJECT
     EditorTestKit kit;
@@ -33,7 +91,12 @@ class TestLists : public QObject
     template <typename T> T *Find(const char *name) { return form->findChild<T *>(QString::fromLatin1(name)); }
     void Click(const char *button) { Find<QAbstractButton>(button)->click(); }
     QString Label(const char *name) { return Find<QLabel>(name)->text(); }
-    QString Row(const char *view, int row) { return RowText(Find<QTreeWidget>(view)->topLevelItem(row)); }
+    // A row of a list (-1: its header), its columns joined with '|'.
+    QString Row(const char *view, int row)
+    {
+        const QTreeWidget *tree = Find<QTreeWidget>(view);
+        return RowText(row < 0 ? tree->headerItem() : tree->topLevelItem(row));
+    }
     QString Shown(int i = -1) const { return ShownText(i < 0 ? prompt.Last() : prompt.shown[i]); }
     // Fills the name lists and shows the tab.
     void Fill(const char *tab) { emit s()->ListViewsMustFill(); Find<QTabWidget>("SSTab1")->setCurrentWidget(Find<QWidget>(tab)); }
@@ -56,6 +119,16 @@ class TestLists : public QObject
         for (QAction *a : menu->actions())
             texts << (a->isSeparator() ? QStringLiteral("-") : a->text());
         return menu->title() + '|' + texts.join(',');
+    }
+
+    QTreeWidget *Tree() { return Find<QTreeWidget>("OrganTreeView"); }
+    OrganViewTab *OrganTab() { return form->findChild<OrganViewTab *>(); }
+    QTreeWidgetItem *Node(const QString &key)
+    {
+        for (QTreeWidgetItemIterator it(Tree()); *it; ++it)
+            if ((*it)->data(0, OrganViewTab::KeyRole).toString() == key)
+                return *it;
+        return nullptr;
     }
 
     // The gene list: the species gene "Header", then reactions "Gene 1" .. "Gene count-1"; each
@@ -101,6 +174,8 @@ private slots:
     void init()
     {
         kit.Init();
+        SummaryTestKit::SetTemplate(*s());
+        prompt.progressLoads = 0;
         s()->LastGenomeDirectory = kit.sandbox->path() + QLatin1Char('/');
         form.reset(new HelixbenchForm(*s()));
         form->BuildAllTabs();
@@ -117,6 +192,146 @@ private slots:
         kit.Cleanup();
     }
 
+    void enteringTheTabRebuildsOnlyWhenStaleAndThereAreGenes()
+    {
+        Organs(*s());
+        Add(*s(), 1, 0, 2, QStringLiteral("late"));
+        s()->OrganViewStale = true;
+        QVERIFY(!Node(QStringLiteral("voci2"))); // the tree keeps the old state until the tab is entered
+        OrganTab()->EnterTab();
+        QCOMPARE(prompt.progressTitle + QString::number(prompt.progressValue), QStringLiteral("Updating organ layout...100"));
+        QVERIFY(!prompt.progressLoaded && !s()->OrganViewStale);
+        const QIcon receptor = OrganTab()->GeneralImageList.value(QStringLiteral("receptor"));
+        QVERIFY(!receptor.isNull() && Node(QStringLiteral("voci2"))->icon(0).cacheKey() == receptor.cacheKey());
+        Add(*s(), 1, 0, 3, QStringLiteral("unseen"));
+        OrganTab()->EnterTab(); // the flag is clear: nothing happens
+        QCOMPARE(prompt.progressLoads, 1);
+
+        // With no genes the window comes up at each entry, but the flag stays and so do the nodes.
+        s()->ClearGeneList();
+        s()->OrganViewStale = true;
+        OrganTab()->EnterTab();
+        OrganTab()->EnterTab();
+        QCOMPARE(prompt.progressLoads, 3);
+        QVERIFY(s()->OrganViewStale && Node(QStringLiteral("voci2")));
+        QCOMPARE(Label("OrganStatusLabel"), QStringLiteral("Total genes in organs: 3 over 2 organs."));
+    }
+
+    void editCommandOpensOnlyGeneNodes()
+    {
+        QList<int> opened; // the genes an editor was asked for
+        s()->EditorFactory = [&opened](Gene &gene) -> GeneView * { return opened << gene.Numeric_ID, nullptr; };
+        Organs(*s());
+        prompt.AnswerMessage(Prompt::Ok).AnswerMessage(Prompt::Ok);
+        form->findChild<QPushButton *>(QStringLiteral("EditFromOrganCommand"))->click();
+        Tree()->setCurrentItem(Node(QStringLiteral("or1"))->child(0)); // the organ's summary line has no key
+        form->findChild<QPushButton *>(QStringLiteral("EditFromOrganCommand"))->click();
+        QCOMPARE(ShownText(prompt.shown[0]) + '/' + ShownText(prompt.shown[1]),
+                 QStringLiteral("Helixbench|64|No gene selected/Helixbench|16|This is not a gene entry, cannot open edit window"));
+        Tree()->setCurrentItem(Node(QStringLiteral("voci1")));
+        form->findChild<QPushButton *>(QStringLiteral("EditFromOrganCommand"))->click();
+        QCOMPARE(opened, QList<int>{2});
+    }
+
+    void genotypeRowsAndLabels()
+    {
+        QCOMPARE(Label("GeneticSummaryLabel") + Label("BrainLobeSummaryLabel"), QStringLiteral("No Genome LoadedNo Genome Loaded"));
+        QCOMPARE(Row("GenotypeListView", -1) + '/' + Row("BrainLobeListView", -1),
+                 QStringLiteral("Type|Total Present|Mutations from template/Lobe #|Name|Width|Height|Neurones|State Rule"));
+        s()->SummaryStale = true;
+        Organs(*s());
+        QVERIFY(!s()->SummaryStale);
+        QCOMPARE(Row("GenotypeListView", 10) + Label("GeneticSummaryLabel"), QStringLiteral("Organs| 2|2 6 gene(s) total."));
+        QCOMPARE(Row("BrainLobeListView", 0), QStringLiteral(" 0|Vision| 4| 5| 20|state:PLUS:input:"));
+        // Entering the tab recounts only while the flag is set.
+        Add(*s(), 2, 3, 2, QStringLiteral("sit"));
+        s()->SummaryStale = true;
+        form->findChild<GenotypeTab *>()->EnterTab();
+        QCOMPARE(prompt.progressTitle + QString::number(prompt.progressValue), QStringLiteral("Updating genetic summary...100"));
+        QVERIFY(prompt.progressLoads == 1 && !prompt.progressLoaded && !s()->SummaryStale);
+        QCOMPARE(Row("GenotypeListView", 6) + Label("GeneticSummaryLabel"), QStringLiteral("Poses| 2|102 7 gene(s) total."));
+    }
+    void startUpMakesOnlyTheCoverAndEachTabOnce_data()
+    {
+        QTest::addColumn<int>("tab");
+        QTest::addColumn<QString>("widget");
+        QTest::newRow("genotype") << 1 << "GenotypeListView";
+        QTest::newRow("gene editor") << 2 << "GeneListListView";
+        QTest::newRow("organ view") << 3 << "OrganTreeView";
+        QTest::newRow("biochemistry") << 4 << "ChemicalListView";
+        QTest::newRow("poses") << 5 << "PoseListView";
+        QTest::newRow("export") << 6 << "ScriptListView";
+    }
+    void startUpMakesOnlyTheCoverAndEachTabOnce()
+    {
+        QFETCH(int, tab);
+        QFETCH(QString, widget);
+        Bench b;
+        QVERIFY(b.form.findChild<QPushButton *>(QStringLiteral("LoadGeneCommand")) && !b.form.findChild<QWidget *>(widget));
+        b.form.SSTab1->setCurrentIndex(tab);
+        const QList<QWidget *> made = b.form.findChildren<QWidget *>(widget);
+        b.form.SSTab1->setCurrentIndex(0);
+        b.form.SSTab1->setCurrentIndex(tab);
+        b.form.BuildAllTabs();
+        QVERIFY(made.size() == 1 && b.form.findChildren<QWidget *>(widget) == made);
+        // The frames stand in from the page's edges as far as on the cover, made at start-up.
+        const QLayout *cover = b.form.SSTab1->widget(0)->layout();
+        QCOMPARE(b.form.SSTab1->widget(tab)->layout()->contentsMargins(), cover->contentsMargins());
+    }
+
+    void aTabFirstShownLaterShowsWhatItWouldHaveShown_data()
+    {
+        QTest::addColumn<Steps>("steps");
+        QTest::newRow("a load") << Steps([](Bench &b) { Organs(b.session); });
+        QTest::newRow("a load, then no genes: the tree keeps its nodes") << Steps([](Bench &b) {
+            Organs(b.session);
+            b.session.ClearGeneList();
+            b.session.RefreshViews();
+        });
+        QTest::newRow("a renamed chemical reaches no row until rewritten") << Steps([](Bench &b) {
+            Organs(b.session);
+            b.session.Lists.ChemicalNames[3] = QStringLiteral("renamed");
+        });
+        QTest::newRow("a rewritten row and a changed template") << Steps([](Bench &b) {
+            Organs(b.session);
+            b.session.Template.DefaultGeneCounts[0] = 99;
+            b.session.CaptionStore.SetCaption(1, 0, 1, QStringLiteral("sense"));
+            b.session.RefreshGeneRow(1);
+        });
+        QTest::newRow("the first gene's row rewritten after its tab is made") << Steps([](Bench &b) {
+            Organs(b.session);
+            b.form.SSTab1->setCurrentIndex(2);
+            b.session.CaptionStore.SetCaption(3, 0, 1, QStringLiteral("Lung"));
+            b.session.RefreshGeneRow(0);
+        });
+        QTest::newRow("a gene added to the list") << Steps([](Bench &b) {
+            Organs(b.session);
+            Add<clsEmitter>(b.session, 1, 1, 1, QStringLiteral("emit")).Chem = 4;
+            b.form.geneEditorTab->AddGeneRow(b.session.GeneCount - 1);
+        });
+        QTest::newRow("a load, then an unknown row") << Steps([](Bench &b) {
+            b.prompt.AnswerMessage(Prompt::Ok);
+            Organs(b.session);
+            b.session.RefreshGeneRow(7);
+        });
+    }
+    void aTabFirstShownLaterShowsWhatItWouldHaveShown()
+    {
+        QFETCH(Steps, steps);
+        Bench whole, lazy;
+        whole.form.BuildAllTabs();
+        steps(whole);
+        steps(lazy);
+        for (int tab = 1; tab <= 3; ++tab) {
+            lazy.form.SSTab1->setCurrentIndex(tab);
+            whole.form.SSTab1->setCurrentIndex(tab);
+            QCOMPARE(TabText(lazy.form.SSTab1->widget(tab)), TabText(whole.form.SSTab1->widget(tab)));
+        }
+        QCOMPARE(lazy.prompt.progressLoads, whole.prompt.progressLoads); // the same rebuilds on entry
+        QCOMPARE(lazy.prompt.MessageTexts(), whole.prompt.MessageTexts());
+        QVERIFY(whole.prompt.AllAnswered() && lazy.prompt.AllAnswered());
+    }
+
     void eightColumnsSortedByAnyKeepTheGeneNumber()
     {
         kit.Add(2, 1, QStringLiteral("Header"));
@@ -125,7 +340,7 @@ private slots:
             kit.Add(1, 2, QLatin1String(caption))->Generation = quint8(generation);
         s()->GeneAt(1)->Mutability = 16 | 32, s()->GeneAt(1)->MutabilityWeighting = 7;
         s()->RefreshViews();
-        QCOMPARE(RowText(GeneList()->headerItem()), QStringLiteral("#|Gen #|G-ID|Switch On|Sex|Mut.|Description|Type"));
+        QCOMPARE(Row("GeneListListView", -1), QStringLiteral("#|Gen #|G-ID|Switch On|Sex|Mut.|Description|Type"));
         QCOMPARE(Row("GeneListListView", 1), GeneCommands::RowTexts(*s(), *s()->GeneAt(1)).join('|'));
         ClickHeader(6);
         QCOMPARE(Column(6), QStringLiteral("Header,alpha,beta,mid,zeta"));
@@ -393,5 +608,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestLists)
-#include "test_lists.moc"
+QTEST_MAIN(TestMainWindow)
+#include "test_main_window.moc"
