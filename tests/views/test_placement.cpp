@@ -1,6 +1,6 @@
-// Windows land on the screen's available area, at any scale: a centred window that fits is
-// centred on it, one that doesn't is made to fit, frame and all; an editor's cascade step is
-// moved back onto the area from wherever the main window stands, even off the screen.
+// Editors land on the screen's available area, at any scale: an editor's cascade step is moved
+// back onto the area from wherever the main window stands, even off the screen, and an editor
+// larger than the area is made to fit.
 #include "core/Session.h"
 #include "support/ScriptedPrompt.h"
 #include "widgets/Placement.h"
@@ -24,48 +24,11 @@ class TestPlacement : public QObject
     Q_OBJECT
 
 private slots:
-    // A window never shown is centred with a frame counted: its own once its platform window
-    // is made (where the platform tells it then), else that of the window on screen.
-    void centred_data()
-    {
-        QTest::addColumn<QSizeF>("size");
-        QTest::addColumn<bool>("otherShown");
-        QTest::newRow("small") << QSizeF(0.5, 0.4) << false;
-        QTest::newRow("wider than the screen") << QSizeF(1.5, 0.5) << false;
-        QTest::newRow("taller, the frame of the window on screen") << QSizeF(0.5, 1.6) << true;
-        QTest::newRow("larger both ways, the frame of the window on screen") << QSizeF(2.25, 2.0) << true;
-    }
-    void centred()
-    {
-        QFETCH(QSizeF, size);
-        QFETCH(bool, otherShown);
-        QWidget shown;
-        if (otherShown) {
-            shown.resize(Part(QSizeF(0.3, 0.3)));
-            shown.show();
-            QApplication::setActiveWindow(&shown);
-            QVERIFY(QTest::qWaitForWindowExposed(&shown));
-        }
-        QWidget window;
-        window.resize(Part(size));
-        if (!otherShown)
-            window.winId();
-        Placement::CentreForm(&window);
-        window.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&window));
-        const QRect area = Area(), at = window.frameGeometry();
-        QVERIFY2(area.contains(at), qPrintable(QDebug::toString(at) + " on " + QDebug::toString(area)));
-        // What fitted keeps its size, what did not fills the area; both stand in the middle.
-        QCOMPARE(window.size(), Part(size).boundedTo(area.size() - at.size() + window.size()));
-        QVERIFY2((at.center() - area.center()).manhattanLength() <= 2, qPrintable(QDebug::toString(at)));
-    }
-
     void cascade_data()
     {
         QTest::addColumn<QPointF>("corner"); // where the main window stands, as a fraction of the area
         QTest::addColumn<QSizeF>("size");
         QTest::newRow("main window in the corner") << QPointF(0, 0) << QSizeF(0.4, 0.5);
-        QTest::newRow("main window near the far corner") << QPointF(0.9, 0.9) << QSizeF(0.4, 0.5);
         QTest::newRow("main window off the screen") << QPointF(-0.2, -0.1) << QSizeF(0.4, 0.5);
         QTest::newRow("editor larger than the screen") << QPointF(0.1, 0.1) << QSizeF(1.2, 1.3);
     }

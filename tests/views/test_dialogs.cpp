@@ -1,8 +1,11 @@
-// The notes dialog: what each way out stores, and that formatting survives the box.
+// Two dialogs walked through from opening to closing: the gene notes (what each way out stores,
+// and that formatting survives the box) and "Change Default Template".
 #include "core/Gene.h"
 #include "core/Session.h"
-#include "support/ScriptedPrompt.h"
 #include "editors/GeneNotesForm.h"
+#include "support/ShownText.h"
+#include "support/TestEnv.h"
+#include "views/frmChangeDefaultTemplate.h"
 #include "vocab/RtfTestKit.h"
 
 #include <QtWidgets>
@@ -10,13 +13,16 @@
 using namespace Rtf;
 using Act = std::function<void(GeneNotesForm &)>;
 
-class TestNotes : public QObject
+class TestDialogs : public QObject
 {
     Q_OBJECT
 
     ScriptedPrompt prompt;
+    QTemporaryDir dir;
     std::unique_ptr<Session> session;
     std::unique_ptr<Gene> gene;
+    QWidget owner;
+    QPointer<frmChangeDefaultTemplate> dialog;
 
     // Opens the notes of the gene (modally) and acts on the dialog once it stands open, with
     // the box focused in the active window so that its shortcuts reach it.
@@ -33,26 +39,35 @@ class TestNotes : public QObject
         });
         EditGeneNotes(*session, *gene);
     }
+    QTreeWidget *View() { return dialog->findChild<QTreeWidget *>(QStringLiteral("DefaultListView")); }
+    QPushButton *Button(const char *name) { return dialog->findChild<QPushButton *>(name); }
+    // Selects a row, presses Change and answers the input box.
+    void Change(int row, const QString &answer)
+    {
+        View()->setCurrentItem(View()->topLevelItem(row));
+        prompt.AnswerInput(answer);
+        QTest::mouseClick(Button("DChangeCommand"), Qt::LeftButton);
+    }
 
 private slots:
     void init()
     {
         gene.reset();
+        prompt.Clear();
         session.reset(new Session(prompt));
+        session->AppDirectory = dir.path();
         gene = MakeGene(*session, GeneKind::Species);
         gene->ID = 4;
     }
 
     void cleanup() { QVERIFY(prompt.AllAnswered()); }
 
-    // Its texts, and it stands in the middle of the screen.
+    // Its texts.
     void dialogAsDesigned()
     {
         GeneNotesForm form(*session);
         QCOMPARE(form.windowTitle() + '|' + form.Frame1->title() + '|' + form.GeneNotesClose->text() + form.GeneNotesCancel->text(),
                  QStringLiteral("Gene Notes|Detailed Gene Description|&CloseC&ancel"));
-        const QRect screen = form.screen()->availableGeometry(), at = form.frameGeometry();
-        QVERIFY2((at.center() - screen.center()).manhattanLength() <= 2, qPrintable(QDebug::toString(at)));
     }
 
     void closeStoresWhatTheBoxHoldsAndCancelNothing()
@@ -89,12 +104,43 @@ private slots:
         });
         QVERIFY(!session->NotesAccepted && cs.GetAnnotation(2, 1, 4) == original);
         QVERIFY(PlainText(Read(session->NotesText)).endsWith(QStringLiteral(" more typed")));
-        // Cancelling on a gene without a record makes none.
-        gene->ID = 9;
-        EditNotes([](GeneNotesForm &form) { QTest::mouseClick(form.GeneNotesCancel, Qt::LeftButton); });
-        QCOMPARE(cs.CaptionCount, qint16(1));
+    }
+
+    void openChangeSaveAndClose()
+    {
+        session->Tables.Build();
+        dialog = frmChangeDefaultTemplate::Open(*session, &owner);
+        QCOMPARE(dialog->windowTitle() + '|' + View()->headerItem()->text(1) + '|' + View()->topLevelItem(6)->text(0),
+                 QStringLiteral("Change Default Template|Default Genes in Template|Poses"));
+        // Modeless, Save off until a change, all fourteen categories; a second open shows the same
+        // one again, though it was hidden.
+        dialog->hide();
+        QVERIFY(!dialog->isModal() && !Button("DSaveCommand")->isEnabled() && View()->topLevelItemCount() == 14
+                && frmChangeDefaultTemplate::Open(*session, &owner) == dialog && dialog->isVisible());
+        prompt.AnswerMessage(Prompt::Ok);
+        QTest::mouseClick(Button("DChangeCommand"), Qt::LeftButton);
+        QCOMPARE(prompt.Last().text + QString::number(prompt.Last().style), QStringLiteral("Nothing Selected48"));
+
+        // Answer -> shown: kept to a byte, halves to even, a leading number; Cancel (empty) keeps the value.
+        for (const auto &[answer, shown] : {std::pair{"1030", "6"}, {"2.5", "2"}, {"3.5 genes", "4"}, {"", "4"}}) {
+            Change(6, QString::fromLatin1(answer));
+            QCOMPARE(View()->topLevelItem(6)->text(1), QString::fromLatin1(shown));
+        }
+        QCOMPARE(ShownText(prompt.shown[1]), ShownText("Change Default Genes in Template", 0, "Change default for Poses from '104' [104]"));
+        QVERIFY(session->Template.DefaultGeneCounts[6] == 4 && Button("DSaveCommand")->isEnabled());
+
+        // Save writes the file and disables itself. A later change stays in the array after
+        // the dialog closes (and deletes itself), but not in the file.
+        QTest::mouseClick(Button("DSaveCommand"), Qt::LeftButton);
+        const QByteArray saved = TestFiles::Read(dir.path() + QStringLiteral("/mutations.txt"));
+        QVERIFY(!Button("DSaveCommand")->isEnabled() && saved.mid(6 * 4, 4) == QByteArray("\x04\x00\x00\x00", 4));
+        Change(11, QStringLiteral("9"));
+        QTest::mouseClick(Button("DCloseCommand"), Qt::LeftButton);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(dialog.isNull() && session->Template.DefaultGeneCounts[11] == 9 && prompt.AllAnswered());
+        QCOMPARE(TestFiles::Read(dir.path() + QStringLiteral("/mutations.txt")), saved);
     }
 };
 
-QTEST_MAIN(TestNotes)
-#include "test_notes.moc"
+QTEST_MAIN(TestDialogs)
+#include "test_dialogs.moc"
