@@ -1,7 +1,7 @@
 // What the editor tests share: a fresh session per case with the editors registered on a
 // main window, a prompt that fails on anything unexpected, lookups of controls by name, a
 // driver for the modal dialogs an editor opens, controls set by name as a user sets them,
-// and a test of a kind's controls over the bytes of its body.
+// and a gene's body set and read as bytes.
 #pragma once
 #include "core/Gene.h"
 #include "core/GenomeImage.h"
@@ -131,38 +131,6 @@ struct EditorTestKit
         g->WriteRecord(*image);
         const auto *end = reinterpret_cast<const char *>(image->Bytes.data()) + image->WriteCursor;
         return QString::fromLatin1(QByteArray(end - g->BodyLength(), g->BodyLength()).toHex(' '));
-    }
-
-    // A test of one kind's controls, a row each: the kind, its body as loaded (hex); the user's entries
-    // (see Enter); what they tell after the body opening stores, if it stores any, and the read-out a
-    // slider filled on opening leaves; the body Close stores.
-    static void ControlColumns()
-    {
-        QTest::addColumn<int>("type");
-        QTest::addColumn<int>("subType");
-        QTest::addColumn<QString>("body");
-        QTest::addColumn<QStringList>("entries");
-        QTest::addColumn<QString>("told");
-        QTest::addColumn<QString>("stored");
-    }
-    void CheckControls()
-    {
-        QFETCH(int, type);
-        QFETCH(int, subType);
-        QFETCH(QString, body);
-        QFETCH(QStringList, entries);
-        Gene *g = Add(type, subType);
-        SetBody(g, body);
-        const QString loaded = Body(g);
-        GeneEditor *e = Open(g);
-        QStringList told;
-        if (Body(g) != loaded)
-            told << "opening stores " + Body(g);
-        if (session->StatusPanel[2].startsWith(QLatin1String("Slider")))
-            told << session->StatusPanel[2];
-        QTEST((told << Enter(e, entries)).join(QStringLiteral(" | ")), "told");
-        e->btnOk->click();
-        QTEST(Body(g), "stored");
     }
 
     template <typename E = GeneEditor> static E *Open(Gene *g)
