@@ -24,13 +24,6 @@ template <typename T> T *Child(QWidget *w, const QString &name)
     return c;
 }
 
-// What a combo shows: the selected item's text, or in brackets the grey text standing in for
-// a value its list has no item for.
-inline QString ComboShown(QComboBox *c)
-{
-    return c->currentIndex() >= 0 ? c->currentText() : "(" + c->placeholderText() + ")";
-}
-
 inline void FlushDeletes() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
 // Once the event loop runs (inside the dialog's exec), hands the modal dialog of type D to act.
@@ -83,12 +76,13 @@ struct EditorTestKit
     // Sets controls of a dialog as a user would, in order, each entry "name=value", or just "name" to
     // read it: a combo's item, a slider's value, a box's text, a check box or option 1 or 0. Tells for
     // each "name:before>after", what the control showed and shows once set (a combo its item's text,
-    // see ComboShown), and the read-out the change left on the status bar, if any.
+    // or in brackets the grey text standing in for a value its list has no item for), and the
+    // read-out the change left on the status bar, if any.
     QString Enter(QWidget *dialog, const QStringList &entries)
     {
         auto shows = [](QWidget *w) {
             if (auto *c = qobject_cast<QComboBox *>(w))
-                return ComboShown(c);
+                return c->currentIndex() >= 0 ? c->currentText() : "(" + c->placeholderText() + ")";
             if (auto *s = qobject_cast<QAbstractSlider *>(w))
                 return QString::number(s->value());
             auto *t = qobject_cast<QLineEdit *>(w);

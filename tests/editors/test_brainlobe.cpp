@@ -9,7 +9,6 @@
 
 namespace {
 using Rule = std::array<quint8, 12>;
-enum class Leave { Ok, Cancel, CloseBox };
 }
 
 class TestBrainLobe : public QObject
@@ -19,18 +18,18 @@ class TestBrainLobe : public QObject
 
     clsBrainLobe *AddLobe() { return static_cast<clsBrainLobe *>(kit.Add(0, 0)); }
     // Opens the rule dialog by the button and tells its title, its number of tokens and the token
-    // each of its combos shows; picks the tokens from the start, then leaves it.
-    static QString EditRule(QAbstractButton *button, QList<int> tokens, Leave way)
+    // each of its combos shows; picks the tokens from the start, then leaves it by Ok or Cancel.
+    static QString EditRule(QAbstractButton *button, QList<int> tokens, bool ok)
     {
         QString shown = QStringLiteral("no rule dialog");
         bool seen;
-        WhenModal<frmSVRule>(&seen, [&shown, tokens, way](frmSVRule *d) {
+        WhenModal<frmSVRule>(&seen, [&shown, tokens, ok](frmSVRule *d) {
             shown = d->windowTitle() + ", " + QString::number(d->lstSR[11]->count()) + ':';
             for (QComboBox *c : d->lstSR)
                 shown += ' ' + c->currentText();
             for (int i = 0; i < tokens.size(); ++i)
                 d->lstSR[i]->setCurrentIndex(tokens[i]);
-            way == Leave::CloseBox ? (void)d->close() : (way == Leave::Ok ? d->SVOKCommand : d->SCCancelCommand)->click();
+            (ok ? d->SVOKCommand : d->SCCancelCommand)->click();
         });
         button->click();
         return shown;
@@ -182,7 +181,7 @@ private slots:
     // A rule's label shows its words up to its first 0, "<undefined>" for none, the error word
     // for a token beyond the words. A rule button edits its rule in the rule dialog and writes
     // it into the gene at once: Ok takes the combos (tokens after a leading 0 showed there,
-    // unknown ones as the error word); Cancel and the close box keep the rule, and a cancelled
+    // unknown ones as the error word); Cancel keeps the rule, and a cancelled
     // dialog on an absent rule leaves twelve zeros. Nothing of it is undone by the editor's
     // Cancel, nor read back by its Close.
     void rules()
@@ -198,13 +197,11 @@ private slots:
                               "0:1:64:255:32:128:rnd const:chem 4:chem 5:leak in:leak out:curr src leak in:"}));
 
         const QString title = "State Variable Rule, 42:", none = " <end>";
-        const QString bp = title + " <ERROR> <ERROR>" + none.repeated(10);
-        QCOMPARE(EditRule(e->btnGainStrengthRule[1], {5, 31, 2}, Leave::Ok), title + none.repeated(12));
+        QCOMPARE(EditRule(e->btnGainStrengthRule[1], {5, 31, 2}, true), title + none.repeated(12));
         QCOMPARE(e->lblGainStrengthRule[1]->text(), QStringLiteral("chem 0:PLUS:1:"));
-        QCOMPARE(EditRule(e->btnBPRule[1], {9}, Leave::Cancel), bp);
-        QCOMPARE(EditRule(e->btnBPRule[1], {9}, Leave::CloseBox), bp);
-        QCOMPARE(EditRule(e->btnFPFule[0], {4}, Leave::Cancel), title + none.repeated(12));
-        QCOMPARE(EditRule(e->btnSusRule[0], {3}, Leave::Ok),
+        QCOMPARE(EditRule(e->btnBPRule[1], {9}, false), title + " <ERROR> <ERROR>" + none.repeated(10));
+        QCOMPARE(EditRule(e->btnFPFule[0], {4}, false), title + none.repeated(12));
+        QCOMPARE(EditRule(e->btnSusRule[0], {3}, true),
                  title + " <end> chem 2 <ERROR> <ERROR> <ERROR>" + none.repeated(7));
         e->btnCancel->click();
         kit.Open(g)->btnOk->click();
