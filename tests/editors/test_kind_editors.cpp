@@ -11,14 +11,8 @@
 #include "editors/GeneHeaderPanel.h"
 #include "editors/frmGait.h"
 #include "editors/frmHalfLives.h"
-#include "editors/frmInstinct.h"
 #include "editors/frmReceptor.h"
 #include "editors/frmSpecies.h"
-
-namespace {
-struct LobeRow { int lobe, count, probe; QString entries; };
-} // namespace
-Q_DECLARE_METATYPE(LobeRow)
 
 class TestKindEditors : public QObject
 {
@@ -163,6 +157,26 @@ private slots:
                "lstNeu_1: IT is <ID 0>> IT is <ID 30> | scrReinforcement:77>255 Slider: 255"
             << "02 05 07 1e 04 07 0f cc ff";
 
+        // An instinct's neurone lists, all three rows on one lobe: the lobe's name, the probe row
+        // 0 shows, the first entry that rows 1 and 2 show for the list's size and one more (both
+        // beyond the list, they store the first entry too), the last entry picked in row 0. A lobe
+        // byte of 8 or more, which no load lets through, is taken modulo 8.
+        auto neurones = [](const char *name, int lobe, int count, int probe, QString shown) {
+            auto hex = [](int byte) { return QString::number(byte, 16).rightJustified(2, '0'); };
+            const QStringList items = shown.split('|'); // lobe, first, probe, last
+            QTest::newRow(name) << 2 << 5
+                                << QString("%1 %2 %1 %3 %1 %4 00 00 00").arg(hex(lobe), hex(probe), hex(count), hex(count + 1))
+                                << QStringList{"lstLobe_0", "lstNeu_0", "lstNeu_1", "lstNeu_2", "lstNeu_0=" + QString::number(count - 1)}
+                                << QString("lstLobe_0:%1 | lstNeu_0:%3 | lstNeu_1:%2 | lstNeu_2:%2 | lstNeu_0:%3>%4")
+                                       .arg(items[0], items[1], items[2], items[3])
+                                << QString("%1 %2 %1 00 %1 00 00 00 00").arg(hex(lobe % 8), hex(count - 1));
+        };
+        neurones("instinct lobe 0", 0, 1, 0, "<NOT USED>|<NOT USED>|<NOT USED>|<NOT USED>");
+        neurones("instinct lobe 5, senses without none", 5, 32, 22,
+                 "General Sensory i/ps|I've been patted|<spare4>|Hitting the ground post fall");
+        neurones("instinct lobe 7, leading blank", 7, 40, 39, "Attention/Seek o/ps| IT is <ID 0>| IT is <ID 39>| IT is <ID 39>");
+        neurones("instinct lobe 9 is lobe 1", 9, 17, 12, "Drive i/ps|PAIN|SEX DRIVE|STRESS");
+
         // Appearances and poses: a value the list has no item for (Region 5 comes from a load)
         // selects nothing, shows its number in grey and stays; so does a pick beyond a list's
         // last item, which the list has no more of. A pose string takes 15 characters.
@@ -209,37 +223,6 @@ private slots:
                  "lstOrgan:Brain>Current Organ | lstLocus:Clock Rate>Injury | lstTissue:<no tissue>><no tissue>");
         e->Place->TissueClick(); // the one tissue picked again runs its handler regardless
         QCOMPARE(kit.Enter(e, {"lstTissue", "lstLocus"}), "lstTissue:<no tissue> | lstLocus:Injury");
-    }
-
-    // Each lobe's neurone list: its size and the lobe's name with the first, probed and last
-    // entries. Row 0 stores the probe, row 1 the list's size and row 2 one more: both beyond
-    // the list, they show and store the first entry. A lobe byte of 8 or more, which no load
-    // lets through, is taken modulo 8.
-    void instinctNeurones_data()
-    {
-        QTest::addColumn<LobeRow>("row");
-        QTest::newRow("0") << LobeRow{0, 1, 0, "<NOT USED>|<NOT USED>|<NOT USED>|<NOT USED>"};
-        QTest::newRow("5 senses without none")
-            << LobeRow{5, 32, 22, "General Sensory i/ps|I've been patted|<spare4>|Hitting the ground post fall"};
-        QTest::newRow("7 attention, leading blank")
-            << LobeRow{7, 40, 39, "Attention/Seek o/ps| IT is <ID 0>| IT is <ID 39>| IT is <ID 39>"};
-        QTest::newRow("9 is lobe 1, the last") << LobeRow{9, 17, 16, "Drive i/ps|PAIN|STRESS|STRESS"};
-    }
-    void instinctNeurones()
-    {
-        QFETCH(LobeRow, row);
-        auto *g = static_cast<clsInstinct *>(kit.Add(2, 5));
-        g->lobe[0] = g->lobe[1] = g->lobe[2] = quint8(row.lobe);
-        g->Neu[0] = quint8(row.probe), g->Neu[1] = quint8(row.count), g->Neu[2] = quint8(row.count + 1);
-        auto *e = kit.Open<frmInstinct>(g);
-        QComboBox *neu = e->lstNeu[0];
-        QCOMPARE(neu->count(), row.count);
-        const QStringList entries = {e->lstLobe[2]->currentText(), neu->itemText(0), neu->currentText(),
-                                     neu->itemText(row.count - 1)};
-        QCOMPARE(entries.join('|'), row.entries);
-        e->btnOk->click();
-        QCOMPARE(QList<int>({g->lobe[0], g->lobe[1], g->lobe[2]}), QList<int>(3, row.lobe % 8));
-        QCOMPARE(QList<int>({g->Neu[0], g->Neu[1], g->Neu[2]}), QList<int>({row.probe, 0, 0}));
     }
 
     // After opening, chemical 0 is selected but its number is not shown; a click on any row,
