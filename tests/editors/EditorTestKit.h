@@ -1,7 +1,7 @@
 // What the editor tests share: a fresh session per case with the editors registered on a
 // main window, a prompt that fails on anything unexpected, lookups of controls by name, a
 // driver for the modal dialogs an editor opens, controls set by name as a user sets them,
-// and a test of a kind's controls over the bytes of its body.
+// and a gene's body set and read as bytes.
 #pragma once
 #include "core/Gene.h"
 #include "core/GenomeImage.h"
@@ -22,13 +22,6 @@ template <typename T> T *Child(QWidget *w, const QString &name)
     if (!c)
         qWarning("no control %s", qPrintable(name));
     return c;
-}
-
-// What a combo shows: the selected item's text, or in brackets the grey text standing in for
-// a value its list has no item for.
-inline QString ComboShown(QComboBox *c)
-{
-    return c->currentIndex() >= 0 ? c->currentText() : "(" + c->placeholderText() + ")";
 }
 
 inline void FlushDeletes() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
@@ -83,12 +76,13 @@ struct EditorTestKit
     // Sets controls of a dialog as a user would, in order, each entry "name=value", or just "name" to
     // read it: a combo's item, a slider's value, a box's text, a check box or option 1 or 0. Tells for
     // each "name:before>after", what the control showed and shows once set (a combo its item's text,
-    // see ComboShown), and the read-out the change left on the status bar, if any.
+    // or in brackets the grey text standing in for a value its list has no item for), and the
+    // read-out the change left on the status bar, if any.
     QString Enter(QWidget *dialog, const QStringList &entries)
     {
         auto shows = [](QWidget *w) {
             if (auto *c = qobject_cast<QComboBox *>(w))
-                return ComboShown(c);
+                return c->currentIndex() >= 0 ? c->currentText() : "(" + c->placeholderText() + ")";
             if (auto *s = qobject_cast<QAbstractSlider *>(w))
                 return QString::number(s->value());
             auto *t = qobject_cast<QLineEdit *>(w);
@@ -131,38 +125,6 @@ struct EditorTestKit
         g->WriteRecord(*image);
         const auto *end = reinterpret_cast<const char *>(image->Bytes.data()) + image->WriteCursor;
         return QString::fromLatin1(QByteArray(end - g->BodyLength(), g->BodyLength()).toHex(' '));
-    }
-
-    // A test of one kind's controls, a row each: the kind, its body as loaded (hex); the user's entries
-    // (see Enter); what they tell after the body opening stores, if it stores any, and the read-out a
-    // slider filled on opening leaves; the body Close stores.
-    static void ControlColumns()
-    {
-        QTest::addColumn<int>("type");
-        QTest::addColumn<int>("subType");
-        QTest::addColumn<QString>("body");
-        QTest::addColumn<QStringList>("entries");
-        QTest::addColumn<QString>("told");
-        QTest::addColumn<QString>("stored");
-    }
-    void CheckControls()
-    {
-        QFETCH(int, type);
-        QFETCH(int, subType);
-        QFETCH(QString, body);
-        QFETCH(QStringList, entries);
-        Gene *g = Add(type, subType);
-        SetBody(g, body);
-        const QString loaded = Body(g);
-        GeneEditor *e = Open(g);
-        QStringList told;
-        if (Body(g) != loaded)
-            told << "opening stores " + Body(g);
-        if (session->StatusPanel[2].startsWith(QLatin1String("Slider")))
-            told << session->StatusPanel[2];
-        QTEST((told << Enter(e, entries)).join(QStringLiteral(" | ")), "told");
-        e->btnOk->click();
-        QTEST(Body(g), "stored");
     }
 
     template <typename E = GeneEditor> static E *Open(Gene *g)

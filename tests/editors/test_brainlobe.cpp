@@ -9,7 +9,6 @@
 
 namespace {
 using Rule = std::array<quint8, 12>;
-enum class Leave { Ok, Cancel, CloseBox };
 }
 
 class TestBrainLobe : public QObject
@@ -19,18 +18,18 @@ class TestBrainLobe : public QObject
 
     clsBrainLobe *AddLobe() { return static_cast<clsBrainLobe *>(kit.Add(0, 0)); }
     // Opens the rule dialog by the button and tells its title, its number of tokens and the token
-    // each of its combos shows; picks the tokens from the start, then leaves it.
-    static QString EditRule(QAbstractButton *button, QList<int> tokens, Leave way)
+    // each of its combos shows; picks the tokens from the start, then leaves it by Ok or Cancel.
+    static QString EditRule(QAbstractButton *button, QList<int> tokens, bool ok)
     {
         QString shown = QStringLiteral("no rule dialog");
         bool seen;
-        WhenModal<frmSVRule>(&seen, [&shown, tokens, way](frmSVRule *d) {
+        WhenModal<frmSVRule>(&seen, [&shown, tokens, ok](frmSVRule *d) {
             shown = d->windowTitle() + ", " + QString::number(d->lstSR[11]->count()) + ':';
             for (QComboBox *c : d->lstSR)
                 shown += ' ' + c->currentText();
             for (int i = 0; i < tokens.size(); ++i)
                 d->lstSR[i]->setCurrentIndex(tokens[i]);
-            way == Leave::CloseBox ? (void)d->close() : (way == Leave::Ok ? d->SVOKCommand : d->SCCancelCommand)->click();
+            (ok ? d->SVOKCommand : d->SCCancelCommand)->click();
         });
         button->click();
         return shown;
@@ -57,7 +56,9 @@ private slots:
     void init() { kit.Init(); }
     void cleanup() { kit.Cleanup(); }
 
-    void rankNamesTheLobe()
+    // The rank and info text of a lobe; the source lobes; the tabs in order and the captions
+    // beside the controls.
+    void whatTheTabsRead()
     {
         QList<clsBrainLobe *> lobes;
         for (int i = 0; i < 9; ++i)
@@ -74,12 +75,8 @@ private slots:
         auto *source = Child<QComboBox>(kit.Open(lobes[8]), "lstSource_1");
         QCOMPARE(QStringList({QString::number(source->count()), source->itemText(7), source->itemText(8), source->itemText(15)}),
                  QStringList({"16", "Attention/Seek o/ps", "Lobe 8", "Lobe 15"}));
-    }
 
-    // The tabs in order and the captions beside the controls.
-    void whatTheTabsRead()
-    {
-        auto *e = kit.Open<frmBrainLobe>(AddLobe());
+        auto *e = kit.Open<frmBrainLobe>(lobes[0]);
         QStringList tabs;
         for (QTabWidget *set : {e->SSTab1, e->SSTab2, e->SSTab3})
             for (int t = 0; t < set->count(); ++t)
@@ -103,29 +100,41 @@ private slots:
     // show a byte in eighths, rounded half to even, and store position * 8; only the four flags
     // with boxes stay; a source or spread beyond its list shows and stores item 1. Each
     // attachment slider drags its partner of the same dendrite type; the count and number boxes
-    // are tidied as typed but not linked.
+    // are tidied as typed but not linked. A rate of 0: box unchecked, slider parked at 1, slider,
+    // rule button and label disabled; checking without moving gives 1; a slider keeps its place
+    // when unchecked.
     void fieldsGoThroughTheEditor()
     {
         clsBrainLobe *g = AddLobe();
         g->Width = 5, g->Height = 6, g->Leakage = 20, g->Flags = 0xF5, g->Source[0] = 17, g->Spread[1] = 5;
         g->RelaxSus[0] = 28, g->RelaxSTW[0] = 253, g->RelaxSus[1] = 88, g->RelaxSTW[1] = 104;
         g->InitialStrengthMax[1] = 100, g->InitialLTWMin[0] = 20, g->InitialLTWMax[0] = 30;
+        g->GainStrength[1] = 0, g->LoseStrength[1] = 9;
         auto *e = kit.Open<frmBrainLobe>(g);
-        QCOMPARE(e->lblNum->text(), QStringLiteral(" 30 neurone(s)"));
+        auto enabled = [e] { // 1 for each control enabled
+            QString on;
+            for (const char *name : {"scrGainStrength_1", "btnGainStrengthRule_1", "lblGainStrengthRule_1",
+                                     "scrLoseStrength_1", "btnLoseStrengthRule_1", "lblLoseStrengthRule_1"})
+                on += Child<QWidget>(e, name)->isEnabled() ? '1' : '0';
+            return on;
+        };
+        QCOMPARE(e->lblNum->text() + ' ' + enabled(), QStringLiteral(" 30 neurone(s) 000111"));
         QCOMPARE(kit.Enter(e, {"scrLeakage", "chkFlags_1", "chkFlags_2", "lstSource_0", "scrInitialStrengthMin_1=200",
                                "scrInitialStrengthMax_0", "scrInitialLTWMax_0=5", "scrInitialLTWMin_0",
                                "scrInitialLTWMin_0=3", "txtX=-7", "txtWidth=4", "txtHeight=999"}),
                  "scrLeakage:2 | chkFlags_1:0 | chkFlags_2:1 | lstSource_0:Drive i/ps | "
                  "scrInitialStrengthMin_1:0>200 Slider: 200 | scrInitialStrengthMax_0:0 | scrInitialLTWMax_0:30>5 Slider: 5 | "
                  "scrInitialLTWMin_0:5 | scrInitialLTWMin_0:5>3 Slider: 3 | txtX:0>7 | txtWidth:5>4 | txtHeight:6>255");
-        QCOMPARE(e->lblNum->text(), QStringLiteral(" 1020 neurone(s)"));
+        QCOMPARE(kit.Enter(e, {"scrGainStrength_1", "chkGainStrength_1=1", "chkLoseStrength_1=0"}),
+                 "scrGainStrength_1:1 | chkGainStrength_1:0>1 | chkLoseStrength_1:1>0");
+        QCOMPARE(e->lblNum->text() + ' ' + enabled(), QStringLiteral(" 1020 neurone(s) 111000"));
         kit.Enter(e, {"txtWidth=200", "txtY=12.5", "txtMin_0=90", "txtMax_0=10"});
         e->btnOk->click();
         QCOMPARE(QList<int>({g->Leakage, g->Flags, g->Source[0], g->Spread[1], g->RelaxSus[0], g->RelaxSTW[0],
                              g->RelaxSus[1], g->RelaxSTW[1], g->min[0], g->max[0], g->InitialStrengthMin[1],
                              g->InitialStrengthMax[1], g->InitialStrengthMax[0], g->InitialLTWMin[0], g->InitialLTWMax[0],
-                             g->Width, g->Height, g->y, g->x}),
-                 QList<int>({16, 5, 1, 1, 32, 248, 88, 104, 90, 10, 200, 200, 0, 3, 5, 200, 255, 12, 7}));
+                             g->Width, g->Height, g->y, g->x, g->GainStrength[1], g->LoseStrength[1]}),
+                 QList<int>({16, 5, 1, 1, 32, 248, 88, 104, 90, 10, 200, 200, 0, 3, 5, 200, 255, 12, 7, 1, 0}));
     }
 
     // The option of the stored value shows (none for a value beyond the options: the first
@@ -157,32 +166,10 @@ private slots:
         QCOMPARE(QList<int>({g->Perceptible, g->Migration[1]}), QList<int>(2, picked >= 0 ? picked : shown));
     }
 
-    // A rate of 0: box unchecked, slider parked at 1, slider, rule button and label disabled.
-    // Checking without moving gives 1; a slider keeps its place when unchecked.
-    void rateBoxes()
-    {
-        clsBrainLobe *g = AddLobe();
-        g->GainStrength[1] = 0, g->LoseStrength[1] = 9;
-        auto *e = kit.Open<frmBrainLobe>(g);
-        auto enabled = [e] { // 1 for each control enabled
-            QString on;
-            for (const char *name : {"scrGainStrength_1", "btnGainStrengthRule_1", "lblGainStrengthRule_1",
-                                     "scrLoseStrength_1", "btnLoseStrengthRule_1", "lblLoseStrengthRule_1"})
-                on += Child<QWidget>(e, name)->isEnabled() ? '1' : '0';
-            return on;
-        };
-        QCOMPARE(enabled(), QStringLiteral("000111"));
-        QCOMPARE(kit.Enter(e, {"scrGainStrength_1", "chkGainStrength_1=1", "chkLoseStrength_1=0"}),
-                 "scrGainStrength_1:1 | chkGainStrength_1:0>1 | chkLoseStrength_1:1>0");
-        QCOMPARE(enabled(), QStringLiteral("111000"));
-        e->btnOk->click();
-        QCOMPARE(QList<int>({g->GainStrength[1], g->LoseStrength[1]}), QList<int>({1, 0}));
-    }
-
     // A rule's label shows its words up to its first 0, "<undefined>" for none, the error word
     // for a token beyond the words. A rule button edits its rule in the rule dialog and writes
     // it into the gene at once: Ok takes the combos (tokens after a leading 0 showed there,
-    // unknown ones as the error word); Cancel and the close box keep the rule, and a cancelled
+    // unknown ones as the error word); Cancel keeps the rule, and a cancelled
     // dialog on an absent rule leaves twelve zeros. Nothing of it is undone by the editor's
     // Cancel, nor read back by its Close.
     void rules()
@@ -198,13 +185,11 @@ private slots:
                               "0:1:64:255:32:128:rnd const:chem 4:chem 5:leak in:leak out:curr src leak in:"}));
 
         const QString title = "State Variable Rule, 42:", none = " <end>";
-        const QString bp = title + " <ERROR> <ERROR>" + none.repeated(10);
-        QCOMPARE(EditRule(e->btnGainStrengthRule[1], {5, 31, 2}, Leave::Ok), title + none.repeated(12));
+        QCOMPARE(EditRule(e->btnGainStrengthRule[1], {5, 31, 2}, true), title + none.repeated(12));
         QCOMPARE(e->lblGainStrengthRule[1]->text(), QStringLiteral("chem 0:PLUS:1:"));
-        QCOMPARE(EditRule(e->btnBPRule[1], {9}, Leave::Cancel), bp);
-        QCOMPARE(EditRule(e->btnBPRule[1], {9}, Leave::CloseBox), bp);
-        QCOMPARE(EditRule(e->btnFPFule[0], {4}, Leave::Cancel), title + none.repeated(12));
-        QCOMPARE(EditRule(e->btnSusRule[0], {3}, Leave::Ok),
+        QCOMPARE(EditRule(e->btnBPRule[1], {9}, false), title + " <ERROR> <ERROR>" + none.repeated(10));
+        QCOMPARE(EditRule(e->btnFPFule[0], {4}, false), title + none.repeated(12));
+        QCOMPARE(EditRule(e->btnSusRule[0], {3}, true),
                  title + " <end> chem 2 <ERROR> <ERROR> <ERROR>" + none.repeated(7));
         e->btnCancel->click();
         kit.Open(g)->btnOk->click();

@@ -1,6 +1,6 @@
-// What every gene editor shares: the header panel's binding, the close box and Escape, the
-// count and the main title, the caption, the cascade, the organ label, chemical combos and
-// time sliders.
+// What every gene editor shares: the header panel's binding, the cascade, the caption, the
+// count in the main title, opening an open gene again, closing all, the organ label, chemical
+// combos and time sliders.
 #include "EditorTestKit.h"
 #include "widgets/Placement.h"
 #include "editors/EditorCommon.h"
@@ -61,56 +61,48 @@ private slots:
                  QList<int>({row.out, 6, row.weight}));
     }
 
-    // Opening a gene whose editor is open brings that editor forward: not placed again, not
-    // refilled. The caption names the gene's number, caption and kind.
-    void openingAnOpenGeneOnlyFocusesIt()
+    // Each editor opened stands one cascade step further from the main window's outer corner
+    // (where the cascade wraps and how it keeps to the screen is the placement's own test), and
+    // where it fits the screen its contents do not scroll; the caption names the gene's number,
+    // caption and kind; the main title counts the open editors. Opening a gene whose editor is
+    // open brings that editor forward: not placed again, not refilled. Closing all keeps what
+    // each editor shows, and its dialogs leave the screen at once and are then deleted.
+    void openAndCloseAll()
     {
-        Add(2, 6);
-        Gene *g = Add(2, 5, QStringLiteral("002 Hungry - Instinct"));
-        GeneEditor *e = kit.Open(g);
-        QCOMPARE(e->windowTitle(), QStringLiteral("(# 1) 002 Hungry - Instinct (Creature: Instinct)"));
-        const QPoint placed = e->pos();
-        const qint16 step = s()->PlacementStep;
-        Child<QLineEdit>(e, "txtMutability")->setText(QStringLiteral("42"));
-        g->OpenView();
-        QVERIFY(EditorOf(g) == e && s()->EditorCount == 1 && s()->PlacementStep == step && e->pos() == placed);
-        QCOMPARE(Child<QLineEdit>(e, "txtMutability")->text(), QStringLiteral("42"));
-    }
+        const QPoint step = QPoint(1, 1) * Placement::TwipsToPixels(240, kit.mainWindow.get());
+        Gene *a = Add(2, 6), *b = Add(2, 7), *c = Add(2, 5, QStringLiteral("002 Hungry - Instinct"));
+        QStringList titles;
+        QList<QPoint> steps; // from the main window's corner as it stands when each is placed
+        for (Gene *g : {a, b, c}) {
+            const QPoint corner = kit.mainWindow->frameGeometry().topLeft();
+            g->OpenView();
+            titles << s()->MainTitle;
+            steps << EditorOf(g)->pos() - corner;
+        }
+        QCOMPARE(titles, QStringList({"Helixbench (1 window open)", "Helixbench ( 2 windows open)",
+                                      "Helixbench ( 3 windows open)"}));
+        QCOMPARE(EditorOf(c)->windowTitle(), QStringLiteral("(# 2) 002 Hungry - Instinct (Creature: Instinct)"));
+        QCOMPARE(steps.mid(0, 2), QList<QPoint>({step * 2, step * 3}));
+        GeneEditor *e = EditorOf(a);
+        const QPoint at = e->pos();
+        QVERIFY(!e->findChild<QScrollArea *>());
 
-    // The main title counts the open editors. Closing all keeps what each editor shows, and
-    // its dialogs leave the screen at once and are then deleted.
-    void countAndCloseAll()
-    {
-        Gene *a = Add(2, 3), *b = Add(2, 4), *c = Add(2, 5);
+        const qint16 placed = s()->PlacementStep;
+        SwitchOn(a)->setCurrentIndex(5);
         a->OpenView();
-        QCOMPARE(s()->MainTitle, QStringLiteral("Helixbench (1 window open)"));
-        b->OpenView(), c->OpenView();
-        QCOMPARE(s()->MainTitle, QStringLiteral("Helixbench ( 3 windows open)"));
+        QVERIFY(EditorOf(a) == e && s()->EditorCount == 3 && s()->PlacementStep == placed && e->pos() == at);
+        QCOMPARE(SwitchOn(a)->currentIndex(), 5);
+
         EditorOf(b)->btnCancel->click();
         QCOMPARE(s()->MainTitle, QStringLiteral("Helixbench ( 2 windows open)"));
-        SwitchOn(a)->setCurrentIndex(5);
         SwitchOn(c)->setCurrentIndex(1);
-        QPointer<GeneEditor> shown = EditorOf(a);
+        QPointer<GeneEditor> shown = e;
         s()->CloseAllViews();
         QVERIFY(shown && !shown->isVisible());
         FlushDeletes();
         QVERIFY(!shown);
         QCOMPARE(QList<int>({a->SwitchOn, b->SwitchOn, c->SwitchOn}), QList<int>({5, 0, 1}));
         QCOMPARE(s()->MainTitle, QStringLiteral("Helixbench (no windows open)"));
-    }
-
-    // Each editor opened stands one cascade step further from the main window's outer corner
-    // (where the cascade wraps and how it keeps to the screen is the placement's own test),
-    // and where it fits the screen its contents do not scroll.
-    void cascade()
-    {
-        const int step = Placement::TwipsToPixels(240, kit.mainWindow.get());
-        for (int n = 2; n < 4; ++n) { // the corner as it stands when the editor is placed
-            const QPoint corner = kit.mainWindow->frameGeometry().topLeft();
-            GeneEditor *e = kit.Open(Add(2, 6));
-            QCOMPARE(e->pos(), corner + QPoint(step, step) * n);
-            QVERIFY(!e->findChild<QScrollArea *>());
-        }
     }
 
     void organLabel()
