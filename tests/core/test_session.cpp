@@ -1,7 +1,8 @@
-// The genome on file: the sixteen gene kinds' byte layouts both ways, their defaults, folding on
-// read, the genus gene's monikers, pose strings, CreateGene, the older format and the overflow
-// question; the image at its end, the file frame, the recovery from a damaged place and the
-// load/save commands.
+// The session's files: the sixteen gene kinds' byte layouts both ways, their defaults, folding
+// on read, the genus gene's monikers, pose strings, CreateGene, the older format and the
+// overflow question; the image at its end, the file frame, the recovery from a damaged place and
+// the load/save commands; the workbench's preferences, the game's key and the first-run welcome
+// with its mark "Installed".
 #include "core/Gene.h"
 #include "core/BodyIO.h"
 #include "core/Session.h"
@@ -10,6 +11,7 @@
 #include "core/genes/BrainLobe.h"
 #include "support/KindBodies.h"
 #include "support/ShownText.h"
+#include "support/StoredPreferences.h"
 #include "support/TestEnv.h"
 
 #include <QtTest>
@@ -21,7 +23,7 @@ namespace {
 QByteArray Inject(int id = 1) { return Header(1, 4, id) + Hex("0102"); }
 } // namespace
 
-class TestGenome : public QObject
+class TestSession : public QObject
 {
     Q_OBJECT
 
@@ -319,6 +321,84 @@ private slots:
         QCOMPARE(session->GeneCount, qint16(2));
     }
 
+    void defaultsAndTheFiveValues()
+    {
+        auto values = [](const Session &s) -> QStringList {
+            return {s.UseDefaultCaptions.Text(), s.CompatibilityMode.Text(), s.RegistryCompany, s.RegistryVersion, s.RegistryProduct,
+                    s.LastGenomeDirectory};
+        };
+        // An empty store gives the defaults, whatever the session held.
+        session->RegistryVersion = session->LastGenomeDirectory = "x";
+        session->UseDefaultCaptions = "x";
+        session->CompatibilityMode = "x";
+        session->LoadSettings();
+        QCOMPARE(values(*session), QStringList({"0", "0", "Kelmoth Technology", "1.0", "Arkenfold 2", ""}));
+        // A save writes all five under their names; a new session reads them.
+        session->UseDefaultCaptions = QStringLiteral("1");
+        session->RegistryVersion = QStringLiteral("2.5");
+        QVERIFY(session->SaveSettings());
+        QStringList stored;
+        for (const char *name : {"Use Default Captions", "Compatibility", "Company", "Version", "Product"})
+            stored << StoredPreferences::Get(QString::fromLatin1(name)).toString();
+        QCOMPARE(stored, QStringList({"1", "0", "Kelmoth Technology", "2.5", "Arkenfold 2"}));
+        Session next(prompt);
+        next.LoadSettings();
+        QCOMPARE(values(next), stored << "");
+    }
+
+    // The game's folder: 99 bytes and the terminator fit the buffer of 100; 100 bytes do not, nor does
+    // a missing name.
+    void gameFolder()
+    {
+        const QString fits = QStringLiteral("/") + QString(98, QLatin1Char('g'));
+        for (const char *name : {"Genetics Directory", "Main Directory"})
+            sandbox->SetGameValue("Kelmoth Technology", "Arkenfold 2", "1.0", name, *name == 'G' ? fits : fits + 'h');
+        QCOMPARE(QStringList({session->ReadGameSetting("Genetics Directory"), session->ReadGameSetting("Main Directory"),
+                              session->ReadGameSetting("No Such Value")}), QStringList({fits, "<<ERROR>>", "<<ERROR>>"}));
+        // A value written by hand with an unquoted comma comes whole, blanks and all.
+        QVERIFY(TestFiles::Write(sandbox->SystemFolder() + "/Kelmoth Technology/Arkenfold 2.ini",
+                                 "[1.0]\nMain Directory = /opt/Arkenfold, Deluxe /\nGenetics%20Directory=/g, h\n"));
+        QCOMPARE(session->ReadGameSetting("Main Directory") + '|' + session->ReadGameSetting("Genetics Directory"),
+                 QStringLiteral("/opt/Arkenfold, Deluxe /|/g, h"));
+    }
+
+    // The welcome comes when the stored mark is "no" (or missing: the start-up test), and then
+    // "yes" is stored; a second run brings nothing (a welcome without a queued answer fails). A
+    // mark of "yes" is not written again: a rewrite by the store would lose the comment and the
+    // blanks around "=". Other values survive the write of the mark.
+    void welcomeOnFirstRunOnly_data()
+    {
+        QTest::addColumn<QByteArray>("file"); // the settings file before start
+        QTest::addColumn<bool>("welcome");
+        QTest::addColumn<bool>("untouched"); // the file keeps its bytes
+        const QByteArray head = "; kept by hand\n[Preferences]\nCompany = Kelmoth Technology\n";
+        QTest::newRow("no") << head + "Installed = no\n" << true << false;
+        QTest::newRow("another word") << head + "Installed = maybe\n" << false << false;
+        QTest::newRow("yes") << head + "Installed = yes\n" << false << true;
+    }
+    void welcomeOnFirstRunOnly()
+    {
+        QFETCH(QByteArray, file);
+        QFETCH(bool, welcome);
+        QFETCH(bool, untouched);
+        const QString path = QSettings(QSettings::IniFormat, QSettings::UserScope, "Helixbench 2").fileName();
+        QVERIFY(TestFiles::Write(path, file));
+        if (welcome)
+            prompt.AnswerMessage(Prompt::Ok);
+        session->WelcomeFirstRun();
+        Session(prompt).WelcomeFirstRun();
+        const QString text = "Welcome to the Helixbench!\r\n\r\nPlease note that you can get help on the Helixbench using\r\n"
+                             "the F1 key. There is a substantial amount of information\r\nthere specifically designed to "
+                             "help beginners. All you need\r\nis a little patience. (Nature took 3.7 billion years to come"
+                             "\r\nup with us, after all!) Enjoy!";
+        QCOMPARE(prompt.shown.size(), welcome ? 1 : 0);
+        if (welcome)
+            QCOMPARE(ShownText(prompt.Last()), ShownText("Helixbench", 64, text));
+        QCOMPARE(StoredPreferences::Get(QStringLiteral("Installed")).toString(), QStringLiteral("yes"));
+        QCOMPARE(TestFiles::Read(path) == file, untouched);
+        QCOMPARE(StoredPreferences::Get(QStringLiteral("Company")).toString(), QStringLiteral("Kelmoth Technology"));
+    }
+
 private:
     bool Decode(const QByteArray &bytes) { return DecodeBytes(*session, bytes); }
     QByteArray ImageBytes(int count) const { return GenomeBytes::ImageBytes(*session, count); }
@@ -335,5 +415,5 @@ private:
     std::unique_ptr<Session> session;
 };
 
-QTEST_GUILESS_MAIN(TestGenome)
-#include "test_genome.moc"
+QTEST_GUILESS_MAIN(TestSession)
+#include "test_session.moc"
