@@ -48,7 +48,7 @@ fi
 # The longest input worth trying. A genome input of 4,096 bytes holds from a dozen genes to a
 # hundred and fifty; a whole 36,001-byte block costs as much as forty short inputs under the
 # sanitizers and reaches nothing new but the block's ends (the last gene slot, writes past the
-# end, the pickle question), which tests/core/test_genome.cpp and test_genes.cpp walk. A
+# end, the pickle question), which tests/core/test_session.cpp walks. A
 # caption file of empty records is 21,616 bytes. The other files are whole at a few hundred
 # bytes, and libFuzzer's default (4096, or the longest seed) serves. A note is read a character
 # at a time: a kilobyte holds hundreds of groups and control words, and twice the inputs a
