@@ -88,7 +88,6 @@ private slots:
         QTest::newRow("1000, too long") << "1000" << 0 << 128;
         QTest::newRow("cancelled input") << "" << 0 << 128;
         QTest::newRow("No") << "255" << int(Prompt::No) << 128;
-        QTest::newRow("Cancel") << "255" << int(Prompt::Cancel) << 128;
     }
 
     void resetMutability()
@@ -131,7 +130,6 @@ private slots:
         QTest::newRow("chemicals") << true << true << true;
         QTest::newRow("poses") << false << true << true;
         QTest::newRow("chemicals, no factory file") << true << true << false;
-        QTest::newRow("poses, no factory file") << false << true << false;
         QTest::newRow("chemicals, no list file") << true << false << true;
     }
 
