@@ -1,5 +1,5 @@
-// The chromosome map: the rounding of the plot's colours and column width, then the dialog,
-// read back from the image it draws into (its lines, ticks and columns).
+// The chromosome map: the dialog, read back from the image it draws into (its lines, ticks
+// and columns), and how long it stands.
 #include "BenchGenome.h"
 #include "ToolTestKit.h"
 #include "core/ChromosomeMap.h"
@@ -41,20 +41,16 @@ private slots:
         QVERIFY(Finish());
     }
 
-    // The line's green, g = (200 - b / 3) x 0.9, and the column width W, the area's width / 38,
-    // round halves to even, neither up nor down (the dialog's picture shows the rest of the
-    // colour and width).
-    void halvesRoundToEven()
-    {
-        QCOMPARE(QList<int>({LineShade(45).green, LineShade(255).green, ColumnWidth(475), ColumnWidth(513)}),
-                 QList<int>({166, 104, 12, 14}));
-    }
-
-    void noGenesNoDialog()
+    // With no genes there is no map; a map stands until its genome goes.
+    void aMapNeedsGenesAndGoesWithTheGenome()
     {
         prompt.AnswerMessage(Prompt::Ok);
         QVERIFY(!OpenMap(0) && !owner.findChild<frmChromosomeMap *>());
         QCOMPARE(ShownText(prompt.Last()), ShownText("Helixbench", 64, "Not enough genes to plot chromosome map"));
+        QPointer<frmChromosomeMap> dialog = OpenMap(1);
+        QVERIFY(dialog->isVisible() && session->AbandonGenome());
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(dialog.isNull());
     }
 
     // Opening encodes, then plots into an image the size of the area: a line W wide for each
@@ -67,7 +63,7 @@ private slots:
         session->GenomeImage.Bytes.fill(255);
         QPointer<frmChromosomeMap> dialog = OpenMap(4);
         const QImage &image = dialog->ChromosomePicture->Image();
-        QCOMPARE(prompt.progressTitle, QStringLiteral("Building Chromosome Map"));
+        QCOMPARE(dialog->windowTitle() + '|' + prompt.progressTitle, QStringLiteral("Chromosome Map|Building Chromosome Map"));
         // "dna2gene": the first line at row 5 over pixels 5 to 17, the first tick at row 12
         // over pixels 19 to 22.
         QCOMPARE(QVector<QRgb>({image.pixel(4, 5), image.pixel(5, 5), image.pixel(17, 5), image.pixel(18, 5)}),
@@ -84,20 +80,6 @@ private slots:
         QTimer::singleShot(0, dialog, [&] { dialog->close(); });
         QTest::mouseClick(dialog->UpdateNowCommand, Qt::LeftButton);
         QCOMPARE(Ticks(image), 5);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QVERIFY(dialog.isNull());
-    }
-
-    // The map stands until Close, or until its genome goes.
-    void closeAndAbandonEndTheMap()
-    {
-        QPointer<frmChromosomeMap> dialog = OpenMap(1);
-        QCOMPARE(dialog->windowTitle(), QStringLiteral("Chromosome Map"));
-        QTest::mouseClick(dialog->CloseCommand, Qt::LeftButton);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QVERIFY(dialog.isNull());
-        dialog = OpenMap(0);
-        QVERIFY(dialog->isVisible() && session->AbandonGenome());
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QVERIFY(dialog.isNull());
     }
