@@ -140,21 +140,24 @@ private slots:
     void resetListToDefaults_data()
     {
         QTest::addColumn<bool>("chemicals"); // or poses
-        QTest::addColumn<bool>("factoryThere");
-        QTest::newRow("chemicals") << true << true;
-        QTest::newRow("poses") << false << true;
-        QTest::newRow("chemicals, no factory file") << true << false;
+        QTest::addColumn<QString>("missing"); // a file that isn't there
+        QTest::newRow("chemicals, no list file") << true << "chemicals.txt";
+        QTest::newRow("poses") << false << "";
+        QTest::newRow("chemicals, no factory file") << true << "chemicals.def";
     }
 
     // Only Yes goes on. The list file is deleted and the factory file copied in its place (as
-    // spelt on disk); without a factory file that is told, and the list is gone and loads its
-    // defaults (the loader warns, in its own words). The list is loaded and shown again.
+    // spelt on disk); either failing is told once and the other still runs, so without a
+    // factory file the list is gone and loads its defaults (the loader warns, in its own words).
+    // The list is loaded and shown again.
     void resetListToDefaults()
     {
         QFETCH(bool, chemicals);
-        QFETCH(bool, factoryThere);
+        QFETCH(QString, missing);
         const QString file = chemicals ? "chemicals.txt" : "PoseName.txt", factory = chemicals ? "chemicals.def" : "posename.def";
-        QVERIFY(TestFiles::Write(File(file), ListFile(QStringLiteral("mine")) + "tail of a longer file"));
+        const bool factoryThere = missing != factory;
+        if (missing != file)
+            QVERIFY(TestFiles::Write(File(file), ListFile(QStringLiteral("mine")) + "tail of a longer file"));
         if (factoryThere)
             QVERIFY(TestFiles::Write(File(factory), ListFile(QStringLiteral("def"))));
         NameLists &lists = session->Lists;
@@ -164,14 +167,14 @@ private slots:
         Menu(chemicals ? "gappaResetChemicals" : "gappaResetPoseNames");
         QCOMPARE(chemicals ? lists.ChemicalNames[9] : lists.PoseNames[9], QStringLiteral("edited"));
         prompt.AnswerMessage(Prompt::Yes);
-        if (!factoryThere)
-            prompt.AnswerMessage(Prompt::Ok).AnswerMessage(Prompt::Ok);
+        for (int box = 0; box < (missing.isEmpty() ? 0 : factoryThere ? 1 : 2); ++box)
+            prompt.AnswerMessage(Prompt::Ok);
         Menu(chemicals ? "gappaResetChemicals" : "gappaResetPoseNames");
         QCOMPARE(ShownText(prompt.shown[1]), ShownText("Helixbench", 35, "This will delete any changes you have made.\r\nAre you sure you "
                  "wish to reset the " + QString(chemicals ? "chemical list" : "pose description list") + "?"));
-        if (!factoryThere)
+        if (!missing.isEmpty())
             QCOMPARE(ShownText(prompt.shown[2]), ShownText("Helixbench", 16, "Error resetting chemicals to defaults\r\nData may have "
-                     "been lost.\n\rDescription: Error ID 53 (File not found: " + File(factory) + ")"));
+                     "been lost.\n\rDescription: Error ID 53 (File not found: " + File(missing) + ")"));
         QCOMPARE(QDir(sandbox->path()).entryList(QDir::Files), factoryThere ? QStringList({factory, file}) : QStringList());
         if (factoryThere)
             QCOMPARE(TestFiles::Read(File(file)), ListFile(QStringLiteral("def")));
