@@ -63,7 +63,7 @@ private slots:
         session->GenomeImage.Bytes.fill(255);
         QPointer<frmChromosomeMap> dialog = OpenMap(4);
         const QImage &image = dialog->ChromosomePicture->Image();
-        QCOMPARE(dialog->windowTitle() + '|' + prompt.progressTitle, QStringLiteral("Chromosome Map|Building Chromosome Map"));
+        QCOMPARE(dialog->windowTitle() + '|' + prompt.progressTitle, QString("Chromosome Map|Building Chromosome Map"));
         // "dna2gene": the first line at row 5 over pixels 5 to 17, the first tick at row 12
         // over pixels 19 to 22.
         QCOMPARE(QVector<QRgb>({image.pixel(4, 5), image.pixel(5, 5), image.pixel(17, 5), image.pixel(18, 5)}),
@@ -74,7 +74,7 @@ private slots:
 
         const int loads = prompt.progressLoads, fw = dialog->ChromosomePicture->frameWidth();
         QCOMPARE(dialog->ChromosomePicture->grab().toImage().pixel(5 + fw, 5 + fw), FirstLine);
-        QCOMPARE(QList<int>({OpenMap(1) == dialog.data(), prompt.progressLoads - loads, Ticks(image)}), QList<int>({1, 0, 4}));
+        QCOMPARE(QList<int>({OpenMap(1) == dialog, prompt.progressLoads - loads, Ticks(image)}), QList<int>({1, 0, 4}));
         QTimer::singleShot(0, dialog, [&] { dialog->close(); });
         QTest::mouseClick(dialog->UpdateNowCommand, Qt::LeftButton);
         QCOMPARE(Ticks(image), 5);
