@@ -13,11 +13,7 @@ class TestOptions : public QObject
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        FreshSession(sandbox, prompt, session);
-        session->AppDirectory = sandbox->path() + QStringLiteral("/app/");
-    }
+    void init() { FreshSession(sandbox, prompt, session); }
 
     void cleanup()
     {
@@ -25,63 +21,54 @@ private slots:
         QVERIFY2(prompt.AllAnswered(), "a queued answer was not asked for");
     }
 
-    // Without the game's setting the reset says so and puts the program's folder in the drawer.
-    void resetWithoutTheGameSetting()
-    {
-        Open();
-        prompt.AnswerMessage(Prompt::Ok);
-        Click("ResetToRegistryButton");
-        QCOMPARE(ShownText(prompt.Last()), ShownText("Helixbench", 16, "Error reading registry key -- defaulting\r\n"
-                                                                       "to current directory."));
-        QCOMPARE(Drawer(), session->AppDirectory);
-    }
-
     // On opening the boxes show the value of each string modulo 2, the drawer the last genome folder.
     // Cancel takes nothing over; Close takes everything, and the very next read uses the new key.
-    // The reset reads under the key the session holds, not the one typed into the dialog.
+    // The reset reads under the key the session holds, not the one typed into the dialog; before
+    // Cancel the game has no setting there, and the reset says so and puts the program's folder
+    // in the drawer.
     void openThenCloseOrCancel()
     {
-        sandbox->SetGameValue("Kelmoth Technology", "Arkenfold 2", "9.9", "Genetics Directory", "/games/genetics/");
         sandbox->SetGameValue("Co", "Prod", "7.0", "Genetics Directory", "/seven/");
         QList<QStringList> after;
         for (const char *button : {"CancelCommand", "CloseCommand"}) {
-            dialog.reset();
             session.reset(new Session(prompt));
             session->UseDefaultCaptions = QStringLiteral("3");
             session->CompatibilityMode = QStringLiteral("2");
             session->LastGenomeDirectory = QStringLiteral("/pets/");
             session->RegistryVersion = QStringLiteral("9.9");
-            Open();
-            dialog->show();
-            QCOMPARE(QList<bool>({Check("DefaultCaptionsCheckBox")->isChecked(),
-                                  Check("CompatibilityCheckBox")->isChecked(), dialog->isModal()}),
+            session->AppDirectory = QStringLiteral("/app/");
+            dialog.reset(new frmOptions(*session));
+            frmOptions &d = *dialog;
+            d.show();
+            QCOMPARE(QList<bool>({d.DefaultCaptionsCheckBox->isChecked(), d.CompatibilityCheckBox->isChecked(), d.isModal()}),
                      QList<bool>({true, false, false}));
-            QCOMPARE(QStringList({dialog->windowTitle(), Drawer(), Field("RegistryCompany")->text(),
-                                  Field("RegistryVersion")->text(), Field("RegistryProduct")->text()}),
+            QCOMPARE(QStringList({d.windowTitle(), d.GeneticsDrawerLabel->text(), d.RegistryCompany->text(),
+                                  d.RegistryVersion->text(), d.RegistryProduct->text()}),
                      QStringList({"Advanced Options", "/pets/", "Kelmoth Technology", "9.9", "Arkenfold 2"}));
-            Check("DefaultCaptionsCheckBox")->setChecked(false);
-            Check("CompatibilityCheckBox")->setChecked(true);
-            for (auto [field, text] :
-                 {std::pair("RegistryCompany", "Co"), {"RegistryVersion", "7.0"}, {"RegistryProduct", "Prod"}})
-                Field(field)->setText(QString::fromLatin1(text));
+            d.DefaultCaptionsCheckBox->setChecked(false);
+            d.CompatibilityCheckBox->setChecked(true);
+            d.RegistryCompany->setText(QStringLiteral("Co"));
+            d.RegistryVersion->setText(QStringLiteral("7.0"));
+            d.RegistryProduct->setText(QStringLiteral("Prod"));
+            if (after.isEmpty())
+                prompt.AnswerMessage(Prompt::Ok);
             Click("ResetToRegistryButton");
+            after << QStringList({d.GeneticsDrawerLabel->text(), QString::number(prompt.shown.size())});
+            sandbox->SetGameValue("Kelmoth Technology", "Arkenfold 2", "9.9", "Genetics Directory", "/games/genetics/");
             Click(button);
-            QVERIFY(!dialog->isVisible());
+            QVERIFY(!d.isVisible());
             after << QStringList({session->UseDefaultCaptions.Text(), session->CompatibilityMode.Text(), session->RegistryCompany,
                                   session->RegistryVersion, session->RegistryProduct, session->LastGenomeDirectory});
         }
-        QCOMPARE(after, QList<QStringList>({{"3", "2", "Kelmoth Technology", "9.9", "Arkenfold 2", "/pets/"},
-                                            {"0", "1", "Co", "7.0", "Prod", "/games/genetics/"}}));
+        QCOMPARE(after, QList<QStringList>({{"/app/", "1"}, {"3", "2", "Kelmoth Technology", "9.9", "Arkenfold 2", "/pets/"},
+                                            {"/games/genetics/", "1"}, {"0", "1", "Co", "7.0", "Prod", "/games/genetics/"}}));
+        QCOMPARE(ShownText(prompt.Last()), ShownText("Helixbench", 16, "Error reading registry key -- defaulting\r\n"
+                                                                       "to current directory."));
         QCOMPARE(session->ReadGameSetting(QStringLiteral("Genetics Directory")), QStringLiteral("/seven/"));
     }
 
 private:
-    void Open() { dialog.reset(new frmOptions(*session)); }
-    template <typename T> T *Named(const char *name) { return dialog->findChild<T *>(QString::fromLatin1(name)); }
-    QCheckBox *Check(const char *name) { return Named<QCheckBox>(name); }
-    QLineEdit *Field(const char *name) { return Named<QLineEdit>(name); }
-    void Click(const char *name) { Named<QPushButton>(name)->click(); }
-    QString Drawer() { return Named<QLabel>("GeneticsDrawerLabel")->text(); }
+    void Click(const char *name) { dialog->findChild<QPushButton *>(QString::fromLatin1(name))->click(); }
 
     ScriptedPrompt prompt;
     std::unique_ptr<SettingsSandbox> sandbox;

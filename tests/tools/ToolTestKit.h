@@ -3,7 +3,6 @@
 // through a scripted prompt, and the main window over it for the tools reached through its
 // menus and lists. At the end every prompt a test expected must have come.
 #include "core/Session.h"
-#include "support/ScriptedPrompt.h"
 #include "support/ShownText.h"
 #include "support/TestEnv.h"
 #include "views/HelixbenchForm.h"
