@@ -68,18 +68,18 @@ private slots:
     {
         QTest::addColumn<QList<QList<int>>>("genes"); // type, subtype, ID, generation
         QTest::addColumn<int>("errors");
-        QTest::addColumn<QString>("first"); // the first box, and the progress window at the end
+        QTest::addColumn<QString>("first"); // the first box, the progress window at the end, the yields
         QTest::newRow("one pair") << QList<QList<int>>{{1, 0, 4, 1}, {1, 1, 4, 1}, {1, 0, 4, 1}} << 2
                                   << "Caution. Duplicate ID for gene #4 (Sugar sensor)\r\nDuplicate is gene #2 (Sugar sensor)"
-                                     "|Please Wait|Working on gene 2 of 3|67";
+                                     "|Please Wait|Working on gene 2 of 3|67|6";
         QTest::newRow("equal ID, other generation") << QList<QList<int>>{{1, 0, 4, 1}, {1, 0, 4, 2}} << 0 << QString();
         QTest::newRow("equal ID, other subtype") << QList<QList<int>>{{1, 0, 4, 1}, {1, 4, 4, 1}} << 0 << QString();
         QTest::newRow("equal ID, other type") << QList<QList<int>>{{0, 1, 4, 1}, {1, 1, 4, 1}} << 0 << QString();
     }
 
     // One error box for each ordered pair, naming both genes by their caption, then the
-    // total; the first status panel has its old text back afterwards, and the progress
-    // window is gone.
+    // total; two yields for each gene, so the window stays alive through a long genome; the
+    // first status panel has its old text back afterwards, and the progress window is gone.
     void duplicatesAreCountedOverOrderedPairs()
     {
         QFETCH(QList<QList<int>>, genes);
@@ -90,11 +90,13 @@ private slots:
         session->SetStatusPanel(1, QStringLiteral("Sample.gen"));
         for (int i = 0; i <= errors; ++i)
             prompt.AnswerMessage(Prompt::Ok);
+        prompt.yields = 0;
         Menu(QStringLiteral("gappaSanityCheck"));
         QCOMPARE(ShownText(prompt.Last()), ShownText("Helixbench", 64, "Total errors (duplicates) found = " + QString::number(errors)));
         if (errors)
             QCOMPARE(ShownText(prompt.shown[0]) + '|' + prompt.progressTitle + '|' + prompt.progressStatus + '|'
-                         + QString::number(prompt.progressValue), ShownText("Helixbench", 16, first));
+                         + QString::number(prompt.progressValue) + '|' + QString::number(prompt.yields),
+                     ShownText("Helixbench", 16, first));
         QVERIFY(session->StatusPanel[1] == QStringLiteral("Sample.gen") && !prompt.progressLoaded);
     }
 
