@@ -58,9 +58,9 @@ private slots:
 
         // Receptors and emitters. What each list offers, by what a place shows when it opens: a
         // tissue or locus beyond its list shows the last item and goes into the gene at once, and
-        // Close stores what is shown. Only
-        // the flag bits with a control survive Close. A place as stored and as opening leaves it
-        // (unchanged if not given), the organ, tissue and locus shown, the flags Close stores.
+        // Close stores what is shown. Only the flag bits with a control survive Close. A place as
+        // stored and as opening leaves it (unchanged if not given), the organ, tissue and locus
+        // shown, the flags Close stores.
         auto place = [](const char *name, int subType, QString body, QString opened, QString shown, const char *flags) {
             const QStringList items = shown.split('|');
             QTest::newRow(name) << 1 << subType << body << QStringList{"lstOrgan", "lstTissue", "lstLocus"}
@@ -80,17 +80,17 @@ private slots:
               "Brain|Lobe 31|Lobe activity", "01");
         place("emitter immune 1, flags 2", 1, "01 03 01 00 00 01 00 02", "01 03 00 00 00 01 00 02",
               "Creature|Immune|I'm dead (post-mortem chemistry)", "02");
-        // The chemical and each slider show their own byte and go back into it, with a read-out.
-        QTest::newRow("receptor sliders") << 1 << 0 << "00 00 00 fa 0b 16 21 00"
-                                          << QStringList{"lstChem=9", "scrThreshold=111", "scrNominal=122", "scrGain=133"}
-                                          << "Slider: 33 | lstChem:250>9 | scrThreshold:11>111 Slider: 111 | "
-                                             "scrNominal:22>122 Slider: 122 | scrGain:33>133 Slider: 133"
-                                          << "00 00 00 09 6f 7a 85 00";
-        QTest::newRow("emitter sliders") << 1 << 1 << "00 00 00 fa 0b 16 21 00"
-                                         << QStringList{"lstChem=9", "scrThreshold=111", "scrRate=122", "scrGain=133"}
-                                         << "Slider: 11 | lstChem:250>9 | scrThreshold:11>111 Slider: 111 | "
-                                            "scrRate:22>122 Slider: 122 | scrGain:33>133 Slider: 133"
-                                         << "00 00 00 09 6f 7a 85 00";
+        // The chemical and each slider show their own byte and go back into it, with a read-out;
+        // the third slider is the receptor's nominal and the emitter's rate.
+        auto sliders = [](const char *name, int subType, const QString &third, const QString &readOut) {
+            QTest::newRow(name) << 1 << subType << "00 00 00 fa 0b 16 21 00"
+                                << QStringList{"lstChem=9", "scrThreshold=111", third + "=122", "scrGain=133"}
+                                << "Slider: " + readOut + " | lstChem:250>9 | scrThreshold:11>111 Slider: 111 | " + third
+                                       + ":22>122 Slider: 122 | scrGain:33>133 Slider: 133"
+                                << "00 00 00 09 6f 7a 85 00";
+        };
+        sliders("receptor sliders", 0, "scrNominal", "33");
+        sliders("emitter sliders", 1, "scrRate", "11");
 
         // Reactions and injections. Each place of a reaction has its own box and combo:
         // reactants 0 and 1, products 2 and 3. The rate shows at its eighth rounded half to even
