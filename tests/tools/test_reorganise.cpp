@@ -7,13 +7,8 @@
 #include "editors/EditorRegistry.h"
 #include "tools/frmReorganise.h"
 
-#include <QAction>
-#include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTreeWidget>
 #include <QtTest>
+#include <QtWidgets>
 
 using SummaryTestKit::Add;
 
