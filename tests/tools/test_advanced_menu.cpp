@@ -234,11 +234,13 @@ private slots:
                 && text.count('\n') == 255);
     }
 
-    // Asked for the genome's species; written only on Yes.
+    // Asked for the genome's species; written only on Yes. Without genes, this and the
+    // mutability reset say so.
     void speciesCaptionFile()
     {
-        prompt.AnswerMessage(Prompt::Ok).AnswerMessage(Prompt::No).AnswerMessage(Prompt::Yes);
+        prompt.AnswerMessage(Prompt::Ok).AnswerMessage(Prompt::Ok).AnswerMessage(Prompt::No).AnswerMessage(Prompt::Yes);
         Menu(QStringLiteral("gappaMakeSpeciesCaptionFile")); // no genome
+        Menu(QStringLiteral("gappaResetMutabilityValues"));
         QVERIFY(session->CreateGene(2, 1, false));
         static_cast<clsSpecies *>(session->GeneAt(0))->Genus = 1;
         const QString file = File(QStringLiteral("Brannoch.GNO"));
@@ -247,7 +249,8 @@ private slots:
         Menu(QStringLiteral("gappaMakeSpeciesCaptionFile"));
         const QString question = ShownText("Helixbench", 35, "This will overwrite the default caption file for species "
                                                              "'Brannoch'.\r\nAre you sure you wish to do this?");
-        QCOMPARE(Outcome(), QStringList({ShownText("Helixbench", 64, "No genome/caption file loaded."), question, question}));
+        QCOMPARE(Outcome(), QStringList({ShownText("Helixbench", 64, "No genome/caption file loaded."),
+                                         ShownText("Helixbench", 64, "No genes loaded"), question, question}));
         QCOMPARE(TestFiles::Read(file), session->CaptionStore.FileBytes());
     }
 };
