@@ -113,7 +113,11 @@ class TestMainWindow : public QObject
     }
     QString Shown(int i = -1) const { return ShownText(i < 0 ? prompt.Last() : prompt.shown[i]); }
     // Fills the name lists and shows the tab.
-    void Fill(const char *tab) { emit s()->ListViewsMustFill(); Find<QTabWidget>("SSTab1")->setCurrentWidget(Find<QWidget>(tab)); }
+    void Fill(const char *tab)
+    {
+        emit s()->ListViewsMustFill();
+        Find<QTabWidget>("SSTab1")->setCurrentWidget(Find<QWidget>(tab));
+    }
     // A click on a row; with the right button the release opens the list's pop-up menu.
     void ClickRow(const char *view, int row, Qt::MouseButton button = Qt::LeftButton)
     {
